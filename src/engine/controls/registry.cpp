@@ -1,0 +1,32 @@
+#include "engine/controls/registry.h"
+
+namespace q {
+
+void Registry::add(Control& c) { controls_[c.name()] = &c; }
+
+void Registry::remove(const Control& c) {
+  auto it = controls_.find(c.name());
+  if (it != controls_.end() && it->second == &c) controls_.erase(it);
+}
+
+Control* Registry::find(const std::string& name) {
+  auto it = controls_.find(name);
+  if (it != controls_.end()) return it->second;
+  auto dot = name.find('.');
+  if (dot == std::string::npos) return nullptr;
+  auto f = factories_.find(name.substr(0, dot));
+  if (f == factories_.end()) return nullptr;
+  f->second();
+  it = controls_.find(name);
+  return it == controls_.end() ? nullptr : it->second;
+}
+
+void Registry::addWindowFactory(const std::string& window, std::function<void()> create) {
+  factories_[window] = std::move(create);
+}
+
+std::string indexed(const std::string& base, int index) {
+  return base + "(" + std::to_string(index) + ")";
+}
+
+}  // namespace q

@@ -1,0 +1,43 @@
+#pragma once
+// A timer control: its enabled flag is the run state of whatever it drives
+// (a chaser runs while its timer is enabled). Ticks are delivered by the
+// Scheduler on the one console thread.
+
+#include <cstdint>
+
+#include "engine/controls/control.h"
+
+namespace q {
+
+class Scheduler;
+
+class Timer : public Control {
+ public:
+  Timer(std::string name, Scheduler& scheduler, int intervalMs, bool enabled = false);
+  ~Timer() override;
+
+  bool isEnabled() const { return running_; }
+  // Enabling a running timer keeps its phase; disabling and enabling again
+  // starts a new period from that moment.
+  void setRunning(bool on);
+  int interval() const { return interval_; }
+  // A changed interval of a running timer starts a new period from the change.
+  void setInterval(int ms);
+
+  std::function<void()> onTick;
+  void tick() {
+    if (onTick) onTick();
+  }
+
+  std::string value() const override { return running_ ? "-1" : "0"; }
+
+ private:
+  friend class Scheduler;
+  Scheduler& scheduler_;
+  int interval_;
+  bool running_ = false;
+  int64_t due_ = 0;        // when the next tick falls due, in clock ms
+  uint64_t enableSeq_ = 0;  // order of enabling, for ticks due at the same instant
+};
+
+}  // namespace q

@@ -1,0 +1,40 @@
+#include "engine/core/console.h"
+
+namespace q {
+
+namespace {
+// Answers every dialog with its default: used when no host gave dialogs.
+class DefaultDialogs : public Dialogs {
+ public:
+  MsgResult msgBox(const std::string&, const std::string&, MsgButtons b, MsgIcon) override {
+    return defaultButton(b);
+  }
+  std::string inputBox(const std::string&, const std::string&, const std::string&) override {
+    return {};
+  }
+  std::string fileDialog(const FileDialogRequest&) override { return {}; }
+};
+
+Clock& fallbackClock() {
+  static SteadyClock clock;
+  return clock;
+}
+
+ConsoleHost withDefaults(ConsoleHost h, std::unique_ptr<Dialogs>& fallback) {
+  if (!h.clock) h.clock = &fallbackClock();
+  if (!h.dialogs) {
+    fallback = std::make_unique<DefaultDialogs>();
+    h.dialogs = fallback.get();
+  }
+  return h;
+}
+}  // namespace
+
+Console::Console(ConsoleHost host)
+    : host_(withDefaults(std::move(host), fallbackDialogs_)),
+      scheduler(*host_.clock),
+      form1(registry, scheduler) {}
+
+Console::~Console() = default;
+
+}  // namespace q

@@ -1,0 +1,64 @@
+#include "engine/core/scheduler.h"
+
+#include <algorithm>
+
+#include "engine/controls/timer.h"
+
+namespace q {
+
+void Scheduler::remove(Timer* t) { std::erase(timers_, t); }
+
+void Scheduler::start(Timer* t) {
+  t->enableSeq_ = ++enableCounter_;
+  t->due_ = now() + std::max(1, t->interval_);
+}
+
+void Scheduler::restartPeriod(Timer* t) { t->due_ = now() + std::max(1, t->interval_); }
+
+Timer* Scheduler::earliestDue(int64_t limit) const {
+  Timer* best = nullptr;
+  for (Timer* t : timers_) {
+    if (!t->running_ || t->due_ > limit) continue;
+    if (!best || t->due_ < best->due_ || (t->due_ == best->due_ && t->enableSeq_ < best->enableSeq_))
+      best = t;
+  }
+  return best;
+}
+
+int64_t Scheduler::nextDue() const {
+  Timer* t = earliestDue(INT64_MAX);
+  return t ? t->due_ : -1;
+}
+
+void Scheduler::fire(Timer* t) {
+  const int64_t due = t->due_;
+  const uint64_t seq = t->enableSeq_;
+  t->tick();
+  // The handler may have stopped, restarted or re-timed its own timer; only
+  // an untouched timer moves on by one period.
+  if (t->running_ && t->due_ == due && t->enableSeq_ == seq)
+    t->due_ = std::max(due + std::max(1, t->interval_), now());
+}
+
+void Scheduler::runDue() {
+  const int64_t limit = now();
+  // Each timer fires at most once per call, so a handler cannot starve the loop.
+  std::vector<Timer*> fired;
+  while (Timer* t = earliestDue(limit)) {
+    if (std::find(fired.begin(), fired.end(), t) != fired.end()) break;
+    fired.push_back(t);
+    fire(t);
+    if (t->running_ && t->due_ <= limit) t->due_ = limit + std::max(1, t->interval_);
+  }
+}
+
+void Scheduler::advance(VirtualClock& clock, int64_t ms) {
+  const int64_t target = clock.nowMs() + std::max<int64_t>(0, ms);
+  while (Timer* t = earliestDue(target)) {
+    clock.set(std::max(clock.nowMs(), t->due_));
+    fire(t);
+  }
+  clock.set(target);
+}
+
+}  // namespace q

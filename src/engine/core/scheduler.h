@@ -1,0 +1,53 @@
+#pragma once
+// Delivers timer ticks on the one console thread. The host loop (Qt event
+// loop, headless poll loop) asks when the next tick is due and calls
+// runDue(); with a virtual clock, advance() walks time forward tick by tick.
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "engine/core/clock.h"
+
+namespace q {
+
+class Timer;
+
+class Scheduler {
+ public:
+  explicit Scheduler(Clock& clock) : clock_(clock) {}
+
+  Clock& clock() { return clock_; }
+  int64_t now() const { return clock_.nowMs(); }
+
+  // Fires every tick due at or before now, in time order; ticks due at the
+  // same instant fire in the order their timers were enabled. A late timer
+  // fires once and then counts its next period from now, as a late tick
+  // of a real timer does.
+  void runDue();
+  // Virtual clock only: moves time to now+ms, firing each due tick at its instant.
+  void advance(VirtualClock& clock, int64_t ms);
+  // Earliest due time of a running timer, or -1 when none runs.
+  int64_t nextDue() const;
+
+  // Called by the host to learn that the timer set changed (re-arm a wakeup).
+  std::function<void()> onChanged;
+
+ private:
+  friend class Timer;
+  void add(Timer* t) { timers_.push_back(t); }
+  void remove(Timer* t);
+  void start(Timer* t);
+  void restartPeriod(Timer* t);
+  void changed() {
+    if (onChanged) onChanged();
+  }
+  Timer* earliestDue(int64_t limit) const;
+  void fire(Timer* t);
+
+  Clock& clock_;
+  std::vector<Timer*> timers_;
+  uint64_t enableCounter_ = 0;
+};
+
+}  // namespace q

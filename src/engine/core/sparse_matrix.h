@@ -1,0 +1,47 @@
+#pragma once
+// CSparseMatrix: the table behind the cue list and the two chasers' steps.
+// Cells are addressed by a 16-bit row and column and hold a tagged Value.
+// A cell never stored reads as empty; storing empty clears it. Rows come
+// into being on first store and are never removed; the table keeps no count
+// of rows (the cue list keeps CueCount).
+//
+// Storage is built for the two hot uses: the mixer reads one chaser step per
+// channel on every mix, and a show load fills thousands of cue rows of 512
+// channels. Rows sit in a direct index by row number; each row keeps a dense
+// run of compact cells for columns 0..1023 and a small map for the rest.
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "engine/core/value.h"
+
+namespace q {
+
+class CSparseMatrix {
+ public:
+  CSparseMatrix();
+  ~CSparseMatrix();
+  CSparseMatrix(const CSparseMatrix&) = delete;
+  CSparseMatrix& operator=(const CSparseMatrix&) = delete;
+
+  Value Cell(int16_t row, int16_t column) const;
+  void setCell(int16_t row, int16_t column, const Value& v);
+
+  // The hot read of the mixer: the cell as a number, empty and text as 0.
+  double number(int16_t row, int16_t column) const;
+  bool cellIsEmpty(int16_t row, int16_t column) const;
+
+  // Forgets every row (a new table), for tests and for a reset of a whole instance.
+  void clearAll();
+
+ private:
+  struct Slot;
+  struct Row;
+  const Slot* slot(int16_t row, int16_t column) const;
+  std::vector<std::unique_ptr<Row>> rows_;  // indexed by row + 32768
+};
+
+}  // namespace q

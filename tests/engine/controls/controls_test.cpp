@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include "engine/controls/registry.h"
+#include "engine/controls/scroller.h"
+#include "engine/controls/timer.h"
+#include "engine/core/scheduler.h"
+
+namespace q {
+
+TEST(Scroller, CodeMoveRunsHandlerInsideCallerOnlyOnChange) {
+  Scroller s("Fader(3)", 0, 255, 255);
+  int changes = 0, views = 0;
+  s.onChange = [&] { ++changes; };
+  s.addViewListener([&] { ++views; });
+  EXPECT_TRUE(s.setPosition(255));
+  EXPECT_EQ(changes, 0);
+  EXPECT_TRUE(s.setPosition(10));
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(views, 1);
+  EXPECT_FALSE(s.setPosition(256));
+  EXPECT_FALSE(s.setPosition(-1));
+  EXPECT_EQ(s.position(), 10);
+}
+
+TEST(Scroller, HandlerMayMoveAnotherFaderReentrantly) {
+  Scroller a("A", 0, 255, 0), b("B", 0, 255, 0);
+  std::vector<std::string> order;
+  a.onChange = [&] { order.push_back("a-in"); b.setPosition(a.position()); order.push_back("a-out"); };
+  b.onChange = [&] { order.push_back("b"); };
+  a.setPosition(7);
+  EXPECT_EQ(order, (std::vector<std::string>{"a-in", "b", "a-out"}));
+}
+
+TEST(Scheduler, TicksFireInTimeOrderThenEnableOrder) {
+  VirtualClock clock;
+  Scheduler sched(clock);
+  Timer dmx("DMXTimer", sched, 25), mem("MemTimer", sched, 100);
+  std::vector<std::string> log;
+  dmx.onTick = [&] { log.push_back("dmx@" + std::to_string(clock.nowMs())); };
+  mem.onTick = [&] { log.push_back("mem@" + std::to_string(clock.nowMs())); };
+  dmx.setRunning(true);
+  mem.setRunning(true);
+  sched.advance(clock, 100);
+  EXPECT_EQ(log, (std::vector<std::string>{"dmx@25", "dmx@50", "dmx@75", "dmx@100", "mem@100"}));
+}
+
+TEST(Scheduler, EnableKeepsPhaseRestartAndIntervalChangeStartNewPeriod) {
+  VirtualClock clock;
+  Scheduler sched(clock);
+  Timer t("FXTimer(0)", sched, 100);
+  std::vector<int64_t> at;
+  t.onTick = [&] { at.push_back(clock.nowMs()); };
+  t.setRunning(true);
+  sched.advance(clock, 50);
+  t.setRunning(true);  // already running: phase kept
+  sched.advance(clock, 60);
+  EXPECT_EQ(at, (std::vector<int64_t>{100}));
+  t.setRunning(false);
+  t.setRunning(true);  // restarted at 110
+  sched.advance(clock, 100);
+  EXPECT_EQ(at.back(), 210);
+  t.setInterval(30);  // new period from 210
+  sched.advance(clock, 30);
+  EXPECT_EQ(at.back(), 240);
+}
+
+TEST(Scheduler, HandlerStoppingItsOwnTimerStopsIt) {
+  VirtualClock clock;
+  Scheduler sched(clock);
+  Timer t("MemTimer", sched, 100);
+  int ticks = 0;
+  t.onTick = [&] { if (++ticks == 2) t.setRunning(false); };
+  t.setRunning(true);
+  sched.advance(clock, 1000);
+  EXPECT_EQ(ticks, 2);
+  EXPECT_EQ(sched.nextDue(), -1);
+}
+
+TEST(Registry, FindsByConsoleNameAndCreatesWindowsOnFirstUse) {
+  Registry reg;
+  Scroller f("Fader(3)", 0, 255, 255);
+  reg.add(f);
+  EXPECT_EQ(reg.find<Scroller>("Fader(3)"), &f);
+  EXPECT_EQ(reg.find("Fader(4)"), nullptr);
+  std::unique_ptr<Scroller> later;
+  reg.addWindowFactory("Canals", [&] {
+    later = std::make_unique<Scroller>("Canals.Fader(0)", 0, 255, 255);
+    reg.add(*later);
+  });
+  EXPECT_NE(reg.find("Canals.Fader(0)"), nullptr);
+  EXPECT_EQ(reg.find("Canals.Nothing"), nullptr);
+}
+
+}  // namespace q

@@ -1,0 +1,62 @@
+#include <gtest/gtest.h>
+
+#include "engine/core/sparse_matrix.h"
+
+namespace q {
+
+TEST(CSparseMatrix, UntouchedAndClearedCellsReadEmpty) {
+  CSparseMatrix m;
+  EXPECT_TRUE(isEmpty(m.Cell(1, 1)));
+  EXPECT_TRUE(isEmpty(m.Cell(-5, 0)));
+  m.setCell(3, 521, std::string("note"));
+  m.setCell(3, 521, Value{});
+  EXPECT_TRUE(isEmpty(m.Cell(3, 521)));
+  EXPECT_TRUE(m.cellIsEmpty(3, 521));
+}
+
+TEST(CSparseMatrix, KeepsTagAndLatestValueOnAnyRowAndColumn) {
+  CSparseMatrix m;
+  m.setCell(1, 513, int16_t{5});
+  m.setCell(1, 513, std::string("05"));
+  EXPECT_EQ(std::get<std::string>(m.Cell(1, 513)), "05");
+  m.setCell(0, -3, 2.5);
+  m.setCell(-32768, 32767, uint8_t{255});
+  m.setCell(32767, -32768, std::string("edge"));
+  EXPECT_EQ(std::get<double>(m.Cell(0, -3)), 2.5);
+  EXPECT_EQ(std::get<uint8_t>(m.Cell(-32768, 32767)), 255);
+  EXPECT_EQ(std::get<std::string>(m.Cell(32767, -32768)), "edge");
+  EXPECT_TRUE(isEmpty(m.Cell(0, 3)));
+}
+
+TEST(CSparseMatrix, NumberReadsTextAndEmptyAsTheMixerDoes) {
+  CSparseMatrix m;
+  m.setCell(2, 7, std::string("200"));
+  m.setCell(2, 8, std::string("x"));
+  m.setCell(2, 9, uint8_t{17});
+  EXPECT_EQ(m.number(2, 7), 200);
+  EXPECT_EQ(m.number(2, 8), 0);
+  EXPECT_EQ(m.number(2, 9), 17);
+  EXPECT_EQ(m.number(2, 10), 0);
+  // A string replaced by a number and back reuses its text slot correctly.
+  for (int i = 0; i < 100; ++i) {
+    m.setCell(4, 1, std::string("t") + std::to_string(i));
+    m.setCell(4, 1, int16_t(i));
+  }
+  m.setCell(4, 2, std::string("kept"));
+  EXPECT_EQ(std::get<std::string>(m.Cell(4, 2)), "kept");
+}
+
+TEST(ValueConversions, TextComparesAsNumberAndRoundsHalfToEven) {
+  EXPECT_EQ(numberOf(std::string("1")), 1.0);
+  EXPECT_EQ(numberOf(std::string(" 2.5 ")), 2.5);
+  EXPECT_FALSE(numberOf(std::string("abc")).has_value());
+  EXPECT_FALSE(numberOf(std::string("")).has_value());
+  EXPECT_EQ(numberOf(Value{}), 0.0);
+  EXPECT_EQ(roundHalfEven(0.5), 0);
+  EXPECT_EQ(roundHalfEven(1.5), 2);
+  EXPECT_EQ(roundHalfEven(2.5), 2);
+  EXPECT_EQ(roundHalfEven(127.5), 128);
+  EXPECT_EQ(leadingNumber("12abc"), 12);
+}
+
+}  // namespace q
