@@ -2,6 +2,8 @@
 
 namespace q {
 
+void registerCoreValues(Console& c);  // core_values.cpp
+
 namespace {
 // Answers every dialog with its default: used when no host gave dialogs.
 class DefaultDialogs : public Dialogs {
@@ -20,8 +22,14 @@ Clock& fallbackClock() {
   return clock;
 }
 
-ConsoleHost withDefaults(ConsoleHost h, std::unique_ptr<Dialogs>& fallback) {
+ConsoleHost withDefaults(ConsoleHost h, std::unique_ptr<Dialogs>& fallback,
+                         std::unique_ptr<MediaPlayer> (&players)[2]) {
   if (!h.clock) h.clock = &fallbackClock();
+  for (int k = 0; k < 2; ++k)
+    if (!h.players[k]) {
+      players[k] = std::make_unique<SilentMediaPlayer>();
+      h.players[k] = players[k].get();
+    }
   if (!h.dialogs) {
     fallback = std::make_unique<DefaultDialogs>();
     h.dialogs = fallback.get();
@@ -31,9 +39,11 @@ ConsoleHost withDefaults(ConsoleHost h, std::unique_ptr<Dialogs>& fallback) {
 }  // namespace
 
 Console::Console(ConsoleHost host)
-    : host_(withDefaults(std::move(host), fallbackDialogs_)),
+    : host_(withDefaults(std::move(host), fallbackDialogs_, fallbackPlayers_)),
       scheduler(*host_.clock),
-      form1(registry, scheduler) {}
+      form1(registry, scheduler) {
+  registerCoreValues(*this);
+}
 
 Console::~Console() = default;
 

@@ -10,6 +10,8 @@
 #include "engine/controls/registry.h"
 #include "engine/core/dialogs.h"
 #include "engine/core/main_window.h"
+#include "engine/core/named_values.h"
+#include "engine/media/media_player.h"
 #include "engine/core/scheduler.h"
 #include "engine/core/variables.h"
 
@@ -24,11 +26,14 @@ struct ConsoleHost {
   std::string homeDir;
   // The whole command line, searched for "-nosplash" and "-default".
   std::string commandLine;
+  // The two media players WMP(0), WMP(1).
+  MediaPlayer* players[2] = {nullptr, nullptr};
 };
 
 class Console {
   // Declared first: everything below is built from the host.
   std::unique_ptr<Dialogs> fallbackDialogs_;
+  std::unique_ptr<MediaPlayer> fallbackPlayers_[2];
   ConsoleHost host_;
 
  public:
@@ -41,10 +46,14 @@ class Console {
   Dialogs& dialogs() { return *host_.dialogs; }
   const std::string& homeDir() const { return host_.homeDir; }
 
+  MediaPlayer& WMP(int k) { return *host_.players[k & 1]; }
+
   Variables v;
   Registry registry;
+  NamedValues names;
   Scheduler scheduler;
   MainWindow form1;
+  // Subsystems, each owning the controls of its own panel, follow here.
 };
 
 }  // namespace q

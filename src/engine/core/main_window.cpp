@@ -14,6 +14,7 @@ MainWindow::MainWindow(Registry& registry, Scheduler& scheduler)
   for (int i = 0; i < 2; ++i) {
     FXTimer[i] = &add<Timer>(indexed("FXTimer", i), scheduler, 1000, false);
     FxStep[i] = &add<Label>(indexed("FxStep", i), "1");
+    FXbutton[i] = &add<Lamp>(indexed("FXbutton", i));
   }
   for (int n = kFirstStrip; n <= kLastStrip; ++n) {
     const int k = n - kFirstStrip;

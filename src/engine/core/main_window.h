@@ -28,6 +28,8 @@ class MainWindow : public Window {
   Timer& MemTimer;
   std::array<Timer*, 2> FXTimer{};
   std::array<Label*, 2> FxStep{};
+  // The chasers' run keys: `ImgLedOn` while running, `ImgLedPush` while pressed.
+  std::array<Lamp*, 2> FXbutton{};
 
   // Masters.
   Scroller& SMaster;

@@ -1,0 +1,40 @@
+#pragma once
+// A console on a virtual clock with scripted dialogs and a private program
+// folder, for engine tests: advance() moves time and fires the due ticks.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "engine/core/console.h"
+#include "engine/core/scripted_dialogs.h"
+
+namespace q::test {
+
+class ConsoleFixture : public ::testing::Test {
+ protected:
+  ConsoleFixture();
+  ~ConsoleFixture() override;
+
+  // Builds the console; tests that need a settings file write it before calling this.
+  Console& console();
+  void advance(int64_t ms) { console().scheduler.advance(clock, ms); }
+  Variables& v() { return console().v; }
+  MainWindow& form1() { return console().form1; }
+  Control& control(const std::string& name);
+  std::string get(const std::string& name);  // a named value or a control's value
+  std::string home() const { return home_.string(); }
+  std::string path(const std::string& file) const { return (home_ / file).string(); }
+
+  VirtualClock clock;
+  ScriptedDialogs dialogs;
+  std::string commandLine = "quintara";
+
+ private:
+  std::filesystem::path home_;
+  std::unique_ptr<Console> console_;
+};
+
+}  // namespace q::test
