@@ -10,6 +10,11 @@
 #include "engine/controls/registry.h"
 #include "engine/core/dialogs.h"
 #include "engine/core/main_window.h"
+#include "engine/core/mixer.h"
+#include "engine/input/keyboard_control.h"
+#include "engine/input/midi_control.h"
+#include "engine/interfaces/interface_layer.h"
+#include "engine/showfiles/show_files.h"
 #include "engine/core/named_values.h"
 #include "engine/media/media_player.h"
 #include "engine/core/scheduler.h"
@@ -46,6 +51,14 @@ class Console {
   Dialogs& dialogs() { return *host_.dialogs; }
   const std::string& homeDir() const { return host_.homeDir; }
 
+  // The entry procedure: splash, load of the main window, identity patch.
+  void start();
+  // The operator closes the main window: asks, and unloads on Yes. True when it closed.
+  bool queryClose();
+  // The main window's unload sequence: settings written, interface stopped, ports closed.
+  void unload();
+  bool splashShown() const { return splashShown_; }
+
   MediaPlayer& WMP(int k) { return *host_.players[k & 1]; }
 
   Variables v;
@@ -54,6 +67,14 @@ class Console {
   Scheduler scheduler;
   MainWindow form1;
   // Subsystems, each owning the controls of its own panel, follow here.
+  Mixer mixer{*this};
+  InterfaceLayer interfaces{*this};
+  KeyboardControl keyboard{*this};
+  MidiControl midi{*this};
+  ShowFiles files{*this};
+
+ private:
+  bool splashShown_ = false;
 };
 
 }  // namespace q
