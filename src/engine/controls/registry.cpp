@@ -21,8 +21,15 @@ Control* Registry::find(const std::string& name) {
   return it == controls_.end() ? nullptr : it->second;
 }
 
-void Registry::addWindowFactory(const std::string& window, std::function<void()> create) {
+void Registry::addWindowFactory(const std::string& window, std::function<void()> create,
+                                std::function<void()> forget) {
   factories_[window] = std::move(create);
+  if (forget) forgetters_[window] = std::move(forget);
+}
+
+void Registry::forgetWindow(const std::string& window) {
+  auto it = forgetters_.find(window);
+  if (it != forgetters_.end()) it->second();
 }
 
 std::string indexed(const std::string& base, int index) {

@@ -28,14 +28,18 @@ class Registry {
   }
   bool has(const std::string& name) const { return controls_.count(name) > 0; }
 
-  // A window that is created when one of its controls is first asked for.
-  void addWindowFactory(const std::string& window, std::function<void()> create);
+  // A window that is created when one of its controls is first asked for;
+  // forget destroys it again (the main window's unload forgets every window).
+  void addWindowFactory(const std::string& window, std::function<void()> create,
+                        std::function<void()> forget = {});
+  void forgetWindow(const std::string& window);
 
   const std::map<std::string, Control*>& all() const { return controls_; }
 
  private:
   std::map<std::string, Control*> controls_;
   std::map<std::string, std::function<void()>> factories_;
+  std::map<std::string, std::function<void()>> forgetters_;
 };
 
 // "Fader" and 3 make "Fader(3)".

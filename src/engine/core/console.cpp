@@ -43,6 +43,7 @@ Console::Console(ConsoleHost host)
       scheduler(*host_.clock),
       form1(registry, scheduler) {
   registerCoreValues(*this);
+  wireMainMenu();
 }
 
 Console::~Console() = default;

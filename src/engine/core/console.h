@@ -18,6 +18,7 @@
 #include "engine/core/named_values.h"
 #include "engine/media/media_player.h"
 #include "engine/core/scheduler.h"
+#include "engine/core/settings.h"
 #include "engine/core/variables.h"
 
 namespace q {
@@ -58,6 +59,23 @@ class Console {
   // The main window's unload sequence: settings written, interface stopped, ports closed.
   void unload();
   bool splashShown() const { return splashShown_; }
+  // A click or key on the splash, or the close question, takes it away.
+  void dismissSplash();
+  // True once the main window has unloaded (the process is to end).
+  bool closed() const { return closed_; }
+  // The main window's load handler (also run again by the reset).
+  void loadForm1();
+  // `mnuNew`: RESET DESK.
+  void resetDesk();
+  // `mnuMaxchans`: the prompt for the number of channels in use.
+  void askMaxChans();
+  // One tick of DMXTimer: mix if dirty, then send the frame.
+  void outputTick();
+  bool hasSwitch(const std::string& sw) const;
+
+  // The desk hooks its picture work into the load sequence.
+  std::function<void()> loadBackground;
+  std::function<void()> skinMe;
 
   MediaPlayer& WMP(int k) { return *host_.players[k & 1]; }
 
@@ -66,6 +84,7 @@ class Console {
   NamedValues names;
   Scheduler scheduler;
   MainWindow form1;
+  Settings settings{*this};
   // Subsystems, each owning the controls of its own panel, follow here.
   Mixer mixer{*this};
   InterfaceLayer interfaces{*this};
@@ -74,7 +93,9 @@ class Console {
   ShowFiles files{*this};
 
  private:
+  void wireMainMenu();
   bool splashShown_ = false;
+  bool closed_ = false;
 };
 
 }  // namespace q

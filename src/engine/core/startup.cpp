@@ -1,11 +1,111 @@
-// Start-up, shut-down and reset of the console.
+// Start-up, shut-down and reset of the console: the order in which it comes
+// up and goes down.
 
 #include "engine/core/console.h"
 
 namespace q {
 
-void Console::start() {}
-bool Console::queryClose() { return true; }
-void Console::unload() {}
+namespace {
+// Secondary windows, in the order the main window's unload forgets them.
+const char* const kUnloadOrder[] = {"frmSparseMatrix", "Mobile",    "Config",        "Cuewin",
+                                    "Simple",          "Canals",    "Tecles",        "MIDISetupForm",
+                                    "FX1Config",       "FX2Config", "CueProps",      "SpCue",
+                                    "frmAbout",        "Refreshrate"};
+}  // namespace
+
+bool Console::hasSwitch(const std::string& sw) const {
+  return host_.commandLine.find(sw) != std::string::npos;
+}
+
+void Console::start() {
+  splashShown_ = !hasSwitch("-nosplash");
+  loadForm1();
+  for (int n = 1; n <= kChannels; ++n) v.PatchMap[n - 1] = int16_t(n);
+}
+
+void Console::outputTick() {
+  if (v.MixDirty) mixer.MixOutput();
+  interfaces.sendFrame();
+}
+
+void Console::loadForm1() {
+  closed_ = false;
+  v.EditColumn = 1;
+  v.StageLevel = v.FX1Level = v.FX2Level = v.SubMasterLevel = 255;
+  v.ProgLevel = 0;
+  v.BlackOut = kFalse;
+  form1.heightTwips = 11625;
+  v.Player1Rate = v.Player2Rate = 1;
+  v.SubKnob.fill(1);
+  settings.readAtStart(hasSwitch("-default"));
+  form1.DMXTimer.setRunning(true);
+  interfaces.startDMX();
+  settings.readRecentFiles();
+  if (loadBackground) loadBackground();
+  if (skinMe) skinMe();
+}
+
+void Console::dismissSplash() { splashShown_ = false; }
+
+bool Console::queryClose() {
+  dismissSplash();
+  MsgResult r = dialogs().msgBox("Confirmation", "Are you sure you want to exit this program?",
+                                 MsgButtons::YesNo, MsgIcon::Question);
+  if (r != MsgResult::Yes) return false;
+  unload();
+  return true;
+}
+
+void Console::unload() {
+  settings.writeAtExit();
+  interfaces.stopDMX();
+  midi.closePorts();
+  for (const char* w : kUnloadOrder) registry.forgetWindow(w);
+  closed_ = true;
+}
+
+void Console::resetDesk() {
+  if (dialogs().msgBox("RESET DESK", "Are you sure?", MsgButtons::OKCancel) != MsgResult::OK)
+    return;
+  v.ChannelsRefreshing = kTrue;
+  for (int ch = 1; ch <= kChannels; ++ch) {
+    for (int col = 0; col <= 21; ++col) v.chan(ch, col) = 0;
+    for (int row = 1; row <= v.CueCount; ++row) v.Cues.setCell(int16_t(row), int16_t(ch), Value{});
+  }
+  for (int row = 1; row <= v.CueCount; ++row)
+    for (int col = 513; col <= 521; ++col) v.Cues.setCell(int16_t(row), int16_t(col), Value{});
+  for (int n = kFirstStrip; n <= kLastStrip; ++n) {
+    form1.Fader(n).setPosition(255);
+    form1.Slabel(n).setText("");
+    form1.FaderFunc(n).setCaption("SUB");
+  }
+  WMP(0).setFileName("");
+  WMP(1).setFileName("");
+  if (auto* next = registry.find<Label>("NextCue")) next->setCaption("0");
+  for (const char* box : {"STAGEMem", "STAGEName", "PROGMem", "PROGName"})
+    if (auto* t = registry.find<TextBox>(box)) t->setText("");
+  v.ChannelsRefreshing = kFalse;
+  v.MixDirty = kTrue;
+  unload();
+  loadForm1();
+}
+
+void Console::askMaxChans() {
+  std::string answer =
+      dialogs().inputBox("Set Maximum channels", "Maximum channels?", std::to_string(v.MaxChans));
+  auto n = parseNumber(answer);
+  if (!n || *n < 19.5 || *n > 512.5) return;
+  const long value = roundHalfEven(*n);
+  if (value < 20 || value > 512) return;
+  v.MaxChans = int16_t(value);
+  v.MixDirty = kTrue;
+}
+
+void Console::wireMainMenu() {
+  form1.DMXTimer.onTick = [this] { outputTick(); };
+  form1.menu("mnuNew").onClick = [this] { resetDesk(); };
+  form1.menu("mnuExit").onClick = [this] { queryClose(); };
+  form1.menu("mnuMaxchans").onClick = [this] { askMaxChans(); };
+}
 
 }  // namespace q
