@@ -26,6 +26,9 @@ class Scroller : public Control {
   // Large and small steps of a scroll bar, for views.
   int largeChange = 1;
   int smallChange = 1;
+  std::string toolTip;
+  // Name of the skin picture drawn as the knob (`Knob(11)`), empty for the view's default.
+  std::string knobPicture;
 
   std::string value() const override { return std::to_string(position_); }
   bool setValue(int v) override { return setPosition(v); }
