@@ -34,6 +34,9 @@ struct ConsoleHost {
   std::string commandLine;
   // The two media players WMP(0), WMP(1).
   MediaPlayer* players[2] = {nullptr, nullptr};
+  // The MIDI input and output ports; none means no MIDI device.
+  MidiInPort* midiIn = nullptr;
+  MidiOutPort* midiOut = nullptr;
 };
 
 class Console {

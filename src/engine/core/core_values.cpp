@@ -49,7 +49,10 @@ void registerCoreValues(Console& c) {
   n.add("ShowName", [&v] { return v.ShowName; });
   n.add("ShowDate", [&v] { return v.ShowDate; });
   n.add("DirectText", [&v] { return v.DirectText; });
-  n.add("KeyHeld", [&v] { return num(v.KeyHeld); });
+  n.addIndexed("KeyHeld", 1, [&v](const std::vector<int>& i) -> std::optional<std::string> {
+    if (i[0] < 0 || i[0] >= int(v.KeyHeld.size())) return std::nullopt;
+    return num(v.KeyHeld[i[0]]);
+  });
   n.add("MidiChannel", [&v] { return num(v.MidiChannel); });
 
   n.addIndexed("ChanTable", 2, [&v](const std::vector<int>& i) -> std::optional<std::string> {

@@ -76,7 +76,7 @@ struct Variables {
 
   // Operator input.
   std::string DirectText;
-  VBool KeyHeld = kFalse;
+  std::array<VBool, 251> KeyHeld{};  // by virtual key code, true while the key is down
   int MidiChannel = 1;
 
   // Parallel port of the LPT adapters.
