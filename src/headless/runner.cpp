@@ -1,12 +1,168 @@
+// The headless console's process loop: builds the console, starts it, feeds
+// it lines, and between lines lets its timers run. All console logic is in
+// the Interpreter and the engine; this file only moves lines and time.
+
 #include "headless/runner.h"
 
+#include <poll.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
+
+#include "engine/core/console.h"
+#include "engine/core/scripted_dialogs.h"
+#include "headless/interpreter.h"
+#include "headless/options.h"
+#include "platform/program_folder.h"
 
 namespace q {
 
-int runHeadless(int, char**) {
-  std::cerr << "headless runner not built yet\n";
-  return 1;
+namespace {
+
+volatile sig_atomic_t stopRequested = 0;
+
+// Ctrl-C or a service manager's stop ends the run like the end of input, so
+// the settings are still written and the interface is stopped.
+void installSignals() {
+  struct sigaction sa {};
+  sa.sa_handler = [](int) { stopRequested = 1; };
+  sigemptyset(&sa.sa_mask);
+  sigaction(SIGINT, &sa, nullptr);
+  sigaction(SIGTERM, &sa, nullptr);
+  // A reader that goes away must not take the console down with it.
+  signal(SIGPIPE, SIG_IGN);
+}
+
+// Standard input read as it comes, without blocking the timers.
+class InputLines {
+ public:
+  // Waits at most timeoutMs (-1: until input or a signal) and takes what arrived.
+  void wait(int timeoutMs) {
+    pollfd p{STDIN_FILENO, POLLIN, 0};
+    if (poll(&p, 1, timeoutMs) <= 0) return;
+    char buf[4096];
+    const ssize_t n = read(STDIN_FILENO, buf, sizeof buf);
+    if (n > 0)
+      pending_.append(buf, size_t(n));
+    else if (n == 0 || (errno != EINTR && errno != EAGAIN))
+      eof_ = true;
+  }
+  bool next(std::string& line) {
+    const size_t nl = pending_.find('\n');
+    if (nl == std::string::npos) {
+      // The last line may lack its newline.
+      if (!eof_ || pending_.empty()) return false;
+      line = std::move(pending_);
+      pending_.clear();
+      return true;
+    }
+    line = pending_.substr(0, nl);
+    pending_.erase(0, nl + 1);
+    return true;
+  }
+  bool ended() const { return eof_ && pending_.empty(); }
+
+ private:
+  std::string pending_;
+  bool eof_ = false;
+};
+
+class Run {
+ public:
+  Run(Console& c, Interpreter& in, bool realTime) : c_(c), in_(in), realTime_(realTime) {}
+
+  bool over() const { return c_.closed() || stopRequested; }
+
+  void line(const std::string& text) {
+    letTimeRun();
+    in_.execute(text, ++lineNo_);
+  }
+
+  void script(std::istream& s) {
+    std::string text;
+    while (!over() && std::getline(s, text)) line(text);
+  }
+
+  void standardInput() {
+    InputLines input;
+    std::string text;
+    while (!over()) {
+      if (input.next(text)) {
+        line(text);
+        continue;
+      }
+      if (input.ended()) break;
+      letTimeRun();
+      input.wait(msToNextTick());
+    }
+  }
+
+ private:
+  void letTimeRun() {
+    if (realTime_) c_.scheduler.runDue();
+  }
+  // How long the loop may sleep: until the next tick, or for ever on a virtual clock.
+  int msToNextTick() const {
+    if (!realTime_) return -1;
+    const int64_t due = c_.scheduler.nextDue();
+    if (due < 0) return -1;
+    return int(std::clamp<int64_t>(due - c_.scheduler.now(), 0, INT_MAX));
+  }
+
+  Console& c_;
+  Interpreter& in_;
+  bool realTime_;
+  int lineNo_ = 0;
+};
+
+}  // namespace
+
+int runHeadless(int argc, char** argv) {
+  const HeadlessOptions opt = parseHeadlessOptions(argc, argv);
+  if (!opt.error.empty()) {
+    std::cerr << "quintara: " << opt.error << "\n";
+    return 1;
+  }
+  std::ifstream script;
+  if (!opt.script.empty()) {
+    script.open(opt.script, std::ios::binary);
+    if (!script) {
+      std::cerr << "quintara: cannot read the script " << opt.script << "\n";
+      return 1;
+    }
+  }
+  const std::string home = opt.home.empty() ? programFolder() : opt.home;
+  std::error_code ec;
+  std::filesystem::create_directories(home, ec);
+  installSignals();
+
+  VirtualClock virtualClock;
+  SteadyClock steadyClock;
+  ScriptedDialogs dialogs;
+  ConsoleHost host;
+  host.clock = opt.virtualClock ? static_cast<Clock*>(&virtualClock) : &steadyClock;
+  host.dialogs = &dialogs;
+  host.homeDir = home;
+  host.commandLine = opt.commandLine;
+  Console console(host);
+  // The interpreter exists before start-up, so boxes shown while starting are printed too.
+  Interpreter interpreter(console, dialogs, opt.virtualClock ? &virtualClock : nullptr, std::cout);
+  console.start();
+
+  Run run(console, interpreter, !opt.virtualClock);
+  if (script.is_open())
+    run.script(script);
+  else
+    run.standardInput();
+  // The end of input closes the console without asking.
+  if (!console.closed()) console.unload();
+  std::cout.flush();
+  return interpreter.errorCount() > 0 ? 1 : 0;
 }
 
 }  // namespace q

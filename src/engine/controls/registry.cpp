@@ -12,9 +12,9 @@ void Registry::remove(const Control& c) {
 Control* Registry::find(const std::string& name) {
   auto it = controls_.find(name);
   if (it != controls_.end()) return it->second;
+  // A bare window name is that window's own key handler (`Tecles`), so it too creates the window.
   auto dot = name.find('.');
-  if (dot == std::string::npos) return nullptr;
-  auto f = factories_.find(name.substr(0, dot));
+  auto f = factories_.find(dot == std::string::npos ? name : name.substr(0, dot));
   if (f == factories_.end()) return nullptr;
   f->second();
   it = controls_.find(name);

@@ -5,13 +5,10 @@
 namespace q {
 
 std::optional<std::string> NamedValues::get(const std::string& expr) const {
+  // Plain names may carry a fixed index of their own (`FXStepCount(0)`).
+  if (auto it = plain_.find(expr); it != plain_.end()) return it->second();
   auto open = expr.find('(');
-  if (open == std::string::npos) {
-    auto it = plain_.find(expr);
-    if (it == plain_.end()) return std::nullopt;
-    return it->second();
-  }
-  if (expr.back() != ')') return std::nullopt;
+  if (open == std::string::npos || expr.back() != ')') return std::nullopt;
   auto it = indexed_.find(expr.substr(0, open));
   if (it == indexed_.end()) return std::nullopt;
   std::vector<int> idx;

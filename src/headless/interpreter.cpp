@@ -1,0 +1,308 @@
+#include "headless/interpreter.h"
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "engine/core/console.h"
+#include "engine/core/scripted_dialogs.h"
+#include "headless/words.h"
+
+namespace q {
+
+namespace {
+// One day of show time: far beyond any rehearsal, and short enough that a
+// mistyped number cannot keep the console ticking for years.
+constexpr int64_t kMaxAdvanceMs = 86'400'000;
+
+std::string vb(bool b) { return b ? "-1" : "0"; }
+
+MouseButton mouseButton(Words& w) {
+  std::string b;
+  if (!w.next(b) || b == "left") return MouseButton::Left;
+  if (b == "right") return MouseButton::Right;
+  throw ScriptError("unknown mouse button '" + b + "' (left or right)");
+}
+
+// `NAME.Caption`, `NAME.Enabled` ...: the properties `get` reads besides a control's value.
+std::string property(Control& ctl, const std::string& prop, const std::string& expr) {
+  if (prop == "Enabled") return vb(ctl.enabled());
+  if (prop == "Visible") return vb(ctl.visible());
+  if (prop == "Value") return ctl.value();
+  if (prop == "Caption") {
+    if (auto* m = dynamic_cast<MenuItem*>(&ctl)) return m->caption();
+    if (auto* l = dynamic_cast<Label*>(&ctl)) return l->caption();
+    if (auto* k = dynamic_cast<CheckBox*>(&ctl)) return k->caption;
+  } else if (prop == "Text") {
+    if (auto* t = dynamic_cast<TextBox*>(&ctl)) return t->text();
+    if (auto* l = dynamic_cast<ListBox*>(&ctl)) return l->text();
+  } else if (prop == "Interval") {
+    if (auto* t = dynamic_cast<Timer*>(&ctl)) return std::to_string(t->interval());
+  } else if (prop == "Checked") {
+    if (auto* m = dynamic_cast<MenuItem*>(&ctl)) return vb(m->checked());
+  } else if (prop == "ListCount") {
+    if (auto* l = dynamic_cast<ListBox*>(&ctl)) return std::to_string(l->count());
+  } else if (prop == "Picture") {
+    if (auto* l = dynamic_cast<Lamp*>(&ctl)) return l->picture();
+  }
+  throw ScriptError("unknown name '" + expr + "' (" + ctl.name() + " has no " + prop + ")");
+}
+}  // namespace
+
+const std::map<std::string, Interpreter::Verb> Interpreter::verbs_ = {
+    {"down", &Interpreter::mouseDown}, {"up", &Interpreter::mouseUp},
+    {"press", &Interpreter::press},    {"click", &Interpreter::click},
+    {"dblclick", &Interpreter::dblClick}, {"set", &Interpreter::set},
+    {"type", &Interpreter::type},      {"key", &Interpreter::key},
+    {"enter", &Interpreter::enter},    {"keydown", &Interpreter::keyDown},
+    {"keyup", &Interpreter::keyUp},    {"midi", &Interpreter::midi},
+    {"drop", &Interpreter::drop},      {"answer", &Interpreter::answer},
+    {"load", &Interpreter::load},      {"save", &Interpreter::save},
+    {"advance", &Interpreter::advance}, {"tick", &Interpreter::tick},
+    {"quit", &Interpreter::quit},      {"get", &Interpreter::get},
+    {"dmx", &Interpreter::dmx},
+};
+
+Interpreter::Interpreter(Console& console, ScriptedDialogs& dialogs, VirtualClock* clock,
+                         std::ostream& out)
+    : c_(console), dialogs_(dialogs), clock_(clock), out_(out) {
+  // Boxes are printed the moment they open, between the lines of whatever command opened them.
+  dialogs_.onShow = [this](const std::string& line) { print(line); };
+}
+
+Interpreter::~Interpreter() { dialogs_.onShow = nullptr; }
+
+void Interpreter::print(const std::string& line) { out_ << line << '\n'; }
+
+bool Interpreter::execute(const std::string& rawLine, int lineNo) {
+  std::string line = rawLine;
+  if (!line.empty() && line.back() == '\r') line.pop_back();  // a script saved with CR LF
+  Words w(line);
+  std::string verb;
+  bool ok = true;
+  if (w.next(verb) && verb[0] != '#') {
+    // Whatever a handler throws, the console goes on with the next line.
+    try {
+      run(verb, w);
+    } catch (const ScriptError& e) {
+      print("ERROR line " + std::to_string(lineNo) + ": " + e.what());
+      ok = false;
+    } catch (const std::exception& e) {
+      print("ERROR line " + std::to_string(lineNo) + ": " + verb + " failed: " + e.what());
+      ok = false;
+    } catch (...) {
+      print("ERROR line " + std::to_string(lineNo) + ": " + verb + " failed");
+      ok = false;
+    }
+  }
+  if (!ok) ++errors_;
+  out_.flush();
+  return ok;
+}
+
+void Interpreter::run(const std::string& verb, Words& w) {
+  auto it = verbs_.find(verb);
+  if (it == verbs_.end()) throw ScriptError("unknown command '" + verb + "'");
+  (this->*(it->second))(w);
+}
+
+Control& Interpreter::control(const std::string& name) {
+  Control* ctl = c_.registry.find(name);
+  if (!ctl) throw ScriptError("unknown control '" + name + "'");
+  return *ctl;
+}
+
+Control* Interpreter::target(Words& w) {
+  Control& ctl = control(w.need("control"));
+  // As on the desk, a disabled control takes no mouse, key or drop.
+  return ctl.enabled() ? &ctl : nullptr;
+}
+
+// --- acting -----------------------------------------------------------------
+
+void Interpreter::mouseDown(Words& w) {
+  Control* ctl = target(w);
+  const MouseButton b = mouseButton(w);
+  w.end();
+  if (ctl) ctl->mouseDown(b);
+}
+
+void Interpreter::mouseUp(Words& w) {
+  Control* ctl = target(w);
+  const MouseButton b = mouseButton(w);
+  w.end();
+  if (ctl) ctl->mouseUp(b);
+}
+
+void Interpreter::press(Words& w) {
+  Control* ctl = target(w);
+  const MouseButton b = mouseButton(w);
+  w.end();
+  if (!ctl) return;
+  ctl->mouseDown(b);
+  // The down handler may have disabled the control (a key that locks itself).
+  if (!ctl->enabled()) return;
+  ctl->mouseUp(b);
+  ctl->click();
+}
+
+void Interpreter::click(Words& w) {
+  Control* ctl = target(w);
+  w.end();
+  if (ctl) ctl->click();
+}
+
+void Interpreter::dblClick(Words& w) {
+  Control* ctl = target(w);
+  w.end();
+  if (ctl) ctl->dblClick();
+}
+
+void Interpreter::set(Words& w) {
+  const std::string name = w.need("control");
+  Control& ctl = control(name);
+  const int64_t value = w.number("value", INT32_MIN, INT32_MAX);
+  w.end();
+  if (!ctl.enabled()) return;
+  if (!ctl.setValue(static_cast<int>(value)))
+    throw ScriptError("cannot set " + name + " to " + std::to_string(value));
+}
+
+void Interpreter::type(Words& w) {
+  const std::string name = w.need("control");
+  auto* box = dynamic_cast<TextBox*>(&control(name));
+  if (!box) throw ScriptError(name + " is not a text box");
+  std::string text = w.rest();
+  if (box->enabled()) box->setText(std::move(text));
+}
+
+void Interpreter::key(Words& w) {
+  Control* ctl = target(w);
+  const int code = static_cast<int>(w.number("key code", 0, 255));
+  w.end();
+  if (ctl) ctl->keyPress(code);
+}
+
+void Interpreter::enter(Words& w) {
+  Control* ctl = target(w);
+  w.end();
+  if (ctl) ctl->keyPress(13);
+}
+
+void Interpreter::keyDown(Words& w) {
+  const int code = static_cast<int>(w.number("key code", 0, 255));
+  w.end();
+  c_.keyboard.keyDown(code);
+}
+
+void Interpreter::keyUp(Words& w) {
+  const int code = static_cast<int>(w.number("key code", 0, 255));
+  w.end();
+  c_.keyboard.keyUp(code);
+}
+
+void Interpreter::midi(Words& w) {
+  // Three bytes, as the port hands them over; the MIDI input decides what they mean.
+  const int status = static_cast<int>(w.number("MIDI status", 0, 255));
+  const int data1 = static_cast<int>(w.number("MIDI data", 0, 255));
+  const int data2 = static_cast<int>(w.number("MIDI data", 0, 255));
+  w.end();
+  c_.midi.messageIn(status, data1, data2);
+}
+
+void Interpreter::drop(Words& w) {
+  const std::string name = w.need("drop target");
+  if (name == "Form1") {
+    c_.files.dropOnForm1(w.rest());
+    return;
+  }
+  Control& ctl = control(name);
+  const std::string path = w.rest();
+  if (ctl.enabled()) ctl.drop(path, MouseButton::Left);
+}
+
+void Interpreter::answer(Words& w) { dialogs_.queueAnswer(w.rest()); }
+
+void Interpreter::load(Words& w) {
+  const std::string kind = w.need("file kind");
+  if (!c_.files.load(kind, w.rest())) throw ScriptError("unknown file kind '" + kind + "'");
+}
+
+void Interpreter::save(Words& w) {
+  const std::string kind = w.need("file kind");
+  if (!c_.files.save(kind, w.rest())) throw ScriptError("unknown file kind '" + kind + "'");
+}
+
+void Interpreter::advance(Words& w) {
+  const int64_t ms = w.number("milliseconds", 0, kMaxAdvanceMs);
+  w.end();
+  if (clock_)
+    c_.scheduler.advance(*clock_, ms);
+  else if (waitRealTime)
+    waitRealTime(ms);
+  else
+    sleepRun(ms);
+}
+
+void Interpreter::sleepRun(int64_t ms) {
+  Scheduler& s = c_.scheduler;
+  const int64_t end = s.now() + ms;
+  for (;;) {
+    s.runDue();
+    const int64_t now = s.now();
+    if (now >= end || c_.closed()) return;
+    const int64_t next = s.nextDue();
+    const int64_t until = next < 0 ? end : std::clamp(next, now, end);
+    std::this_thread::sleep_for(std::chrono::milliseconds(until - now));
+  }
+}
+
+void Interpreter::tick(Words& w) {
+  const std::string name = w.need("timer");
+  auto* timer = dynamic_cast<Timer*>(&control(name));
+  if (!timer) throw ScriptError(name + " is not a timer");
+  w.end();
+  timer->tick();
+}
+
+void Interpreter::quit(Words& w) {
+  w.end();
+  c_.queryClose();
+}
+
+// --- looking ----------------------------------------------------------------
+
+std::string Interpreter::valueOf(const std::string& expr) {
+  if (auto v = c_.names.get(expr)) return *v;
+  const size_t open = expr.find('(');
+  if (open != std::string::npos && c_.names.knows(expr.substr(0, open)))
+    throw ScriptError("index out of range: '" + expr + "'");
+  if (Control* ctl = c_.registry.find(expr)) return ctl->value();
+  const size_t dot = expr.rfind('.');
+  if (dot != std::string::npos && dot > 0)
+    if (Control* ctl = c_.registry.find(expr.substr(0, dot)))
+      return property(*ctl, expr.substr(dot + 1), expr);
+  throw ScriptError("unknown name '" + expr + "'");
+}
+
+void Interpreter::get(Words& w) {
+  const std::string name = w.need("name");
+  w.end();
+  print(name + " = " + valueOf(name));
+}
+
+void Interpreter::dmx(Words& w) {
+  std::string word;
+  int64_t from = 1, to = kChannels;
+  Words probe = w;
+  if (probe.next(word)) {
+    from = w.number("first slot", 1, kChannels);
+    if (probe.next(word)) to = w.number("last slot", from, kChannels);
+  }
+  w.end();
+  std::string line = "DMX " + std::to_string(from) + "-" + std::to_string(to) + ":";
+  for (int64_t slot = from; slot <= to; ++slot) line += " " + std::to_string(c_.v.DMXData[slot - 1]);
+  print(line);
+}
+
+}  // namespace q

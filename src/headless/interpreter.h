@@ -1,0 +1,78 @@
+#pragma once
+// The command language: one line, one operator action or one look at the
+// console. Every verb goes through the same control handlers and engine entry
+// points the desk uses, so a script rehearses exactly what an operator would
+// do. Shared by the headless runner and the desk's remote port.
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <ostream>
+#include <string>
+
+namespace q {
+
+class Console;
+class Control;
+class ScriptedDialogs;
+class VirtualClock;
+class Words;
+
+class Interpreter {
+ public:
+  // clock: the virtual clock `advance` moves, or null when the console runs on real time.
+  Interpreter(Console& console, ScriptedDialogs& dialogs, VirtualClock* clock, std::ostream& out);
+  ~Interpreter();
+  Interpreter(const Interpreter&) = delete;
+  Interpreter& operator=(const Interpreter&) = delete;
+
+  // Runs one line; false when it printed an ERROR line. lineNo is for that line.
+  bool execute(const std::string& line, int lineNo);
+  int errorCount() const { return errors_; }
+
+  // Real time only: how `advance MS` lets MS milliseconds pass. By default it
+  // sleeps until each tick falls due and delivers it; the desk runs its event loop instead.
+  std::function<void(int64_t ms)> waitRealTime;
+
+ private:
+  using Verb = void (Interpreter::*)(Words&);
+  void run(const std::string& verb, Words& w);
+
+  void mouseDown(Words& w);
+  void mouseUp(Words& w);
+  void press(Words& w);
+  void click(Words& w);
+  void dblClick(Words& w);
+  void set(Words& w);
+  void type(Words& w);
+  void key(Words& w);
+  void enter(Words& w);
+  void keyDown(Words& w);
+  void keyUp(Words& w);
+  void midi(Words& w);
+  void drop(Words& w);
+  void answer(Words& w);
+  void load(Words& w);
+  void save(Words& w);
+  void advance(Words& w);
+  void tick(Words& w);
+  void quit(Words& w);
+  void get(Words& w);
+  void dmx(Words& w);
+
+  Control& control(const std::string& name);
+  // The control an operator event goes to; null when it is disabled and so takes no events.
+  Control* target(Words& w);
+  std::string valueOf(const std::string& name);
+  void sleepRun(int64_t ms);
+  void print(const std::string& line);
+
+  Console& c_;
+  ScriptedDialogs& dialogs_;
+  VirtualClock* clock_;
+  std::ostream& out_;
+  int errors_ = 0;
+  static const std::map<std::string, Verb> verbs_;
+};
+
+}  // namespace q
