@@ -10,6 +10,7 @@
 #include "engine/controls/registry.h"
 #include "engine/core/dialogs.h"
 #include "engine/core/main_window.h"
+#include "engine/core/live_display.h"
 #include "engine/core/mixer.h"
 #include "engine/input/keyboard_control.h"
 #include "engine/input/midi_control.h"
@@ -20,6 +21,7 @@
 #include "engine/core/scheduler.h"
 #include "engine/core/settings.h"
 #include "engine/core/variables.h"
+#include "engine/look/skin_colors.h"
 
 namespace q {
 
@@ -90,6 +92,8 @@ class Console {
   Settings settings{*this};
   // Subsystems, each owning the controls of its own panel, follow here.
   Mixer mixer{*this};
+  LiveDisplay liveDisplay{*this};
+  SkinColors colors;
   InterfaceLayer interfaces{*this};
   KeyboardControl keyboard{*this};
   MidiControl midi{*this};
