@@ -13,6 +13,7 @@
 #include "engine/core/live_display.h"
 #include "engine/core/mixer.h"
 #include "engine/input/keyboard_control.h"
+#include "engine/input/keypad.h"
 #include "engine/input/midi_control.h"
 #include "engine/interfaces/interface_layer.h"
 #include "engine/showfiles/show_files.h"
@@ -97,6 +98,7 @@ class Console {
   InterfaceLayer interfaces{*this};
   KeyboardControl keyboard{*this};
   MidiControl midi{*this};
+  Keypad keypad{*this};
   ShowFiles files{*this};
 
  private:
