@@ -1,0 +1,14 @@
+# Each script here runs on the real binary and must print exactly its .expected
+# file; a script named *.stdin.qcmd is piped into standard input on the real clock.
+file(GLOB QUINTARA_INTEGRATION_SCRIPTS CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/*.qcmd)
+foreach(script ${QUINTARA_INTEGRATION_SCRIPTS})
+  get_filename_component(name ${script} NAME)
+  string(REGEX REPLACE "\\.qcmd$" "" name ${name})
+  set(mode script)
+  if(name MATCHES "\\.stdin$")
+    set(mode stdin)
+  endif()
+  add_test(NAME integration.${name}
+           COMMAND ${CMAKE_CURRENT_LIST_DIR}/run_script.sh $<TARGET_FILE:quintara> ${script}
+                   ${CMAKE_CURRENT_LIST_DIR}/${name}.expected ${mode})
+endforeach()
