@@ -25,6 +25,7 @@ Console& ConsoleFixture::console() {
     host.dialogs = &dialogs;
     host.homeDir = home_.string();
     host.commandLine = commandLine;
+    host.devices = devices;
     console_ = std::make_unique<Console>(host);
   }
   return *console_;

@@ -31,6 +31,8 @@ class ConsoleFixture : public ::testing::Test {
   VirtualClock clock;
   ScriptedDialogs dialogs;
   std::string commandLine = "quintara";
+  // The output adapters the console finds; null finds none.
+  DeviceFactory* devices = nullptr;
 
  private:
   std::filesystem::path home_;

@@ -37,6 +37,8 @@ struct ConsoleHost {
   std::string commandLine;
   // The two media players WMP(0), WMP(1).
   MediaPlayer* players[2] = {nullptr, nullptr};
+  // The output adapters: FTDI chips, serial ports, OLA. Null finds no device.
+  DeviceFactory* devices = nullptr;
   // The MIDI input and output ports; none means no MIDI device.
   MidiInPort* midiIn = nullptr;
   MidiOutPort* midiOut = nullptr;

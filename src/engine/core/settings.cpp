@@ -65,6 +65,7 @@ void Settings::readAtStart(bool useDefaults) {
   }
   for (int i = 0; i < 3; ++i) f.mnuValue(i).setChecked(i == v.ValuesMode);
   f.DMXTimer.setInterval(v.DMXRate);
+  c_.interfaces.readSettings(ini_, useDefaults);
 }
 
 void Settings::writeAtExit() {
@@ -79,6 +80,7 @@ void Settings::writeAtExit() {
   ini_.write("Setup", "PercentValues", "0");
   ini_.write("Setup", "SpaceKeyGo", c_.form1.menu("mnuSpaceGO").checked() ? "1" : "0");
   ini_.write("Midi", "Channel", std::to_string(v.MidiChannel));
+  c_.interfaces.writeSettings(ini_);
 }
 
 void Settings::readRecentFiles() {

@@ -1,9 +1,261 @@
 #include "engine/interfaces/interface_layer.h"
 
+#include <cstdlib>
+#include <iostream>
+
+#include "engine/core/console.h"
+#include "engine/interfaces/dmxusbpro_driver.h"
+#include "engine/interfaces/ftdi_frame_sender.h"
+#include "engine/interfaces/interface_list.h"
+#include "engine/interfaces/ola_output.h"
+#include "engine/interfaces/refreshrate.h"
+#include "engine/interfaces/serial_link.h"
+#include "engine/interfaces/vendor_adapters.h"
+
 namespace q {
 
-void InterfaceLayer::startDMX() {}
-void InterfaceLayer::stopDMX() {}
-void InterfaceLayer::sendFrame() {}
+namespace {
+enum Type : int {
+  kNone = 0,
+  kOpenDmx = 1,
+  kPro = 2,
+  kManolator = 3,
+  kTovan = 4,
+  kSunlite = 5,
+  kHumanData = 6,
+  kOksid = 7,
+  kVelleman = 8,
+  kNextec = 9,
+  kOla = 10,
+};
+
+// The widget's trace goes to standard error when QUINTARA_WIDGET_TRACE is set.
+std::function<void(const std::string&)> widgetTrace() {
+  const char* on = std::getenv("QUINTARA_WIDGET_TRACE");
+  if (!on || !*on || std::string(on) == "0") return {};
+  return [](const std::string& line) { std::cerr << line << "\n"; };
+}
+}  // namespace
+
+InterfaceLayer::InterfaceLayer(Console& c) : c_(c) {
+  ola_ = std::make_unique<OlaOutput>(OlaOutput::Hooks{
+      [this] { return c_.scheduler.now(); },
+      [this](const std::string& text) { c_.dialogs().msgBox("Quintara", text); }});
+  // The Velleman takes each channel from inside the mix, as the mix makes it.
+  c_.mixer.perChannelOutput = [this](int channel, uint8_t value) {
+    velleman().setData(channel, value);
+  };
+  c_.form1.menu("mnuInterface").onClick = [this] { openSetupWindow(); };
+  c_.registry.addWindowFactory(
+      "Refreshrate", [this] { setupWindow(); }, [this] { setup_.reset(); });
+  c_.names.add("OlaUniverse", [this] { return std::to_string(OlaUniverse); });
+  c_.names.add("OlaPort", [this] { return std::to_string(OlaPort); });
+  c_.names.add("WidgetPort", [this] { return WidgetPort; });
+}
+
+InterfaceLayer::~InterfaceLayer() = default;
+
+DeviceFactory& InterfaceLayer::factory() {
+  return c_.host().devices ? *c_.host().devices : fallbackFactory_;
+}
+
+// ---- the three dispatches --------------------------------------------------
+
+void InterfaceLayer::startDMX() { start(c_.v.InterfaceType); }
+
+void InterfaceLayer::stopDMX() { stop(c_.v.InterfaceType); }
+
+void InterfaceLayer::start(int type) {
+  Variables& v = c_.v;
+  switch (type) {
+    case kOpenDmx:
+    case kHumanData:
+    case kNextec:
+      startFtdi();
+      break;
+    case kPro:
+      startWidget();
+      break;
+    case kSunlite:
+      sunlite().open(v.DMXData.data());
+      break;
+    case kVelleman:
+      velleman().start(v.MaxChans);
+      break;
+    case kOla:
+      ola_->start(factory().ola(), OlaUniverse, OlaPort);
+      break;
+    default:
+      break;
+  }
+}
+
+void InterfaceLayer::sendFrame() {
+  Variables& v = c_.v;
+  switch (v.InterfaceType) {
+    case kOpenDmx:
+    case kHumanData:
+    case kNextec:
+      if (ftdi_) ftdi_->sendFrame(v.DMXData.data(), c_.form1.DMXTimer.interval());
+      break;
+    case kPro:
+      // While the widget's Init waits for its answer it lets ticks run; the
+      // frame waits for the widget to be set up.
+      if (!widgetInitRunning_) widget().Set_DMX_OUT(v.DMXData.data());
+      break;
+    case kSunlite:
+      sunlite().send(v.MaxChans, v.DMXData.data());
+      break;
+    case kOksid:
+      oksid().tick(int16_t(v.PortBase), v.DMXData.data());
+      break;
+    case kOla:
+      ola_->sendFrame(v.DMXData.data());
+      break;
+    default:
+      // 8 has sent its channels from inside the mix; 0, 3 and 4 have no output.
+      break;
+  }
+}
+
+void InterfaceLayer::stop(int type, bool fromSetupWindow) {
+  switch (type) {
+    case kOpenDmx:
+    case kHumanData:
+    case kNextec:
+      if (ftdi_) ftdi_->close();
+      break;
+    case kPro:
+      if (widget_) widget_->Done();
+      break;
+    case kSunlite:
+      sunlite().close(c_.v.MaxChans, c_.v.DMXData.data());
+      break;
+    case kVelleman:
+      if (!fromSetupWindow) velleman().stop();
+      break;
+    case kOla:
+      ola_->stop();
+      break;
+    default:
+      break;
+  }
+}
+
+// ---- the adapters ------------------------------------------------------------
+
+// startDMX of the main window: opens the FTDI adapter, sets the start code
+// to 0 and clears the frame.
+void InterfaceLayer::startFtdi() {
+  if (!ftdi_) {
+    std::unique_ptr<FtdiDevice> device = factory().ftdi();
+    if (!device) device = makeAbsentFtdi();
+    FtdiFrameSender::Options options;
+    options.wireThread = factory().wireThread();
+    options.prepareWireThread = [this] { factory().prepareWireThread(); };
+    options.intervalMs = c_.form1.DMXTimer.interval();
+    ftdi_ = std::make_unique<FtdiFrameSender>(
+        std::move(device),
+        OpenDmx::Hooks{[this](const std::string& text) { c_.dialogs().msgBox("Quintara", text); },
+                       [this] { c_.dismissSplash(); }},
+        options);
+  }
+  ftdi_->startDMX();
+  c_.v.DMXData.fill(0);
+}
+
+DMXUSBPRO_Driver& InterfaceLayer::widget() {
+  if (widget_) return *widget_;
+  if (WidgetPort.empty()) {
+    widgetLink_ = factory().ftdi();
+    if (!widgetLink_) widgetLink_ = makeAbsentFtdi();
+  } else {
+    std::unique_ptr<SerialPort> port = factory().serialPort();
+    if (!port) port = makeAbsentSerialPort();
+    widgetLink_ = std::make_unique<SerialLink>(std::move(port), WidgetPort);
+  }
+  DMXUSBPRO_Driver::Host host;
+  host.wait = [this](int ms) { factory().wait(ms); };
+  host.doEvents = [this] { doEvents(); };
+  host.message = [this](const std::string& text) { c_.dialogs().msgBox("Quintara", text); };
+  host.trace = widgetTrace();
+  widget_ = std::make_unique<DMXUSBPRO_Driver>(*widgetLink_, std::move(host));
+  return *widget_;
+}
+
+void InterfaceLayer::startWidget() {
+  DMXUSBPRO_Driver& pro = widget();
+  widgetInitRunning_ = true;
+  pro.Init(0, DMXUSBPRO_Driver::kOutputDmx, false);
+  widgetInitRunning_ = false;
+}
+
+// Lets the timers that fell due run, as a wait inside a handler lets
+// pending events through; never nested.
+void InterfaceLayer::doEvents() {
+  if (pumping_) return;
+  pumping_ = true;
+  c_.scheduler.runDue();
+  pumping_ = false;
+}
+
+Sunlite& InterfaceLayer::sunlite() {
+  if (!sunlite_) {
+    sunliteLib_ = factory().sunlite();
+    if (!sunliteLib_) sunliteLib_ = makeMissingSunlite();
+    sunlite_ = std::make_unique<Sunlite>(*sunliteLib_);
+  }
+  return *sunlite_;
+}
+
+Oksid& InterfaceLayer::oksid() {
+  if (!oksid_) {
+    oksidLib_ = factory().oksid();
+    if (!oksidLib_) oksidLib_ = makeMissingOksid();
+    oksid_ = std::make_unique<Oksid>(
+        *oksidLib_,
+        Oksid::Hooks{[this](const std::string& title, const std::string& text) {
+                       c_.dialogs().msgBox(title, text, MsgButtons::OK, MsgIcon::Exclamation);
+                     },
+                     [this] { c_.v.InterfaceType = 0; }});
+  }
+  return *oksid_;
+}
+
+Velleman& InterfaceLayer::velleman() {
+  if (!velleman_) {
+    vellemanLib_ = factory().velleman();
+    if (!vellemanLib_) vellemanLib_ = makeMissingVelleman();
+    velleman_ = std::make_unique<Velleman>(*vellemanLib_);
+  }
+  return *velleman_;
+}
+
+// ---- settings and the setup window ---------------------------------------------
+
+void InterfaceLayer::readSettings(const IniFile& ini, bool useDefaults) {
+  OlaUniverse = 1;
+  OlaPort = 9010;
+  WidgetPort.clear();
+  if (useDefaults) return;
+  const double universe = leadingNumber(ini.read("Setup", "OlaUniverse", "1"));
+  if (universe >= 0 && universe <= 2147483647.0) OlaUniverse = unsigned(universe);
+  const double port = leadingNumber(ini.read("Setup", "OlaPort", "9010"));
+  if (port >= 1 && port <= 65535) OlaPort = int(port);
+  WidgetPort = ini.read("Setup", "WidgetPort", "");
+}
+
+void InterfaceLayer::writeSettings(IniFile& ini) const {
+  ini.write("Setup", "OlaUniverse", std::to_string(OlaUniverse));
+  ini.write("Setup", "OlaPort", std::to_string(OlaPort));
+  ini.write("Setup", "WidgetPort", WidgetPort);
+}
+
+Refreshrate& InterfaceLayer::setupWindow() {
+  if (!setup_) setup_ = std::make_unique<Refreshrate>(c_);
+  return *setup_;
+}
+
+void InterfaceLayer::openSetupWindow() { setupWindow().show(); }
 
 }  // namespace q

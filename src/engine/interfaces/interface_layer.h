@@ -1,21 +1,90 @@
 #pragma once
 // The interface layer: one active output adapter chosen by InterfaceType,
-// reached through three dispatches (start, send the frame, stop).
+// reached through three dispatches (start, send the frame, stop). Each
+// adapter keeps its own protocol; this layer only chooses, and owns the
+// devices the host's factory gave.
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "engine/interfaces/devices.h"
 
 namespace q {
 
 class Console;
+class IniFile;
+class DMXUSBPRO_Driver;
+class FtdiFrameSender;
+class OlaOutput;
+class Sunlite;
+class Oksid;
+class Velleman;
+class Refreshrate;
 
 class InterfaceLayer {
  public:
-  explicit InterfaceLayer(Console& c) : c_(c) {}
+  explicit InterfaceLayer(Console& c);
+  ~InterfaceLayer();
+
+  // Start dispatch: at start-up and after a change of interface.
   void startDMX();
+  // Stop dispatch: at exit and when the interface is changed.
   void stopDMX();
-  // Called on every DMXTimer tick after the mix: the frame goes out whether or not it changed.
+  // Frame dispatch, on every DMXTimer tick after the mix: the frame goes out
+  // whether or not it changed.
   void sendFrame();
 
+  // The halves of a change of interface, as the setup window makes it. The
+  // setup window leaves the Velleman running when it switches away from it.
+  void start(int type);
+  void stop(int type, bool fromSetupWindow = false);
+
+  // The settings of the adapters beyond the console's own keys.
+  void readSettings(const IniFile& ini, bool useDefaults);
+  void writeSettings(IniFile& ini) const;
+  unsigned OlaUniverse = 1;
+  int OlaPort = 9010;
+  // Where the DMX USB PRO is reached: empty for libftdi1, or a serial device
+  // path such as /dev/ttyUSB0 for the kernel's driver.
+  std::string WidgetPort;
+
+  // Opens a vendor's page in the browser; the desk sets it.
+  std::function<void(const std::string& url)> openLink;
+
+  // The adapters, for the setup window and for tests. The widget driver and
+  // the vendor modules are created on first use and kept for the console's life.
+  DMXUSBPRO_Driver& widget();
+  FtdiFrameSender* ftdiSender() { return ftdi_.get(); }
+  OlaOutput& ola() { return *ola_; }
+  Sunlite& sunlite();
+  Oksid& oksid();
+  Velleman& velleman();
+  Refreshrate& setupWindow();
+
  private:
-  [[maybe_unused]] Console& c_;
+  DeviceFactory& factory();
+  void startFtdi();
+  void startWidget();
+  void doEvents();
+  void openSetupWindow();
+
+  Console& c_;
+  DeviceFactory fallbackFactory_;
+  std::unique_ptr<FtdiFrameSender> ftdi_;
+  std::unique_ptr<FtdiDevice> widgetLink_;
+  std::unique_ptr<DMXUSBPRO_Driver> widget_;
+  bool widgetInitRunning_ = false;
+  bool pumping_ = false;
+  std::unique_ptr<OlaOutput> ola_;
+  std::unique_ptr<SunliteLibrary> sunliteLib_;
+  std::unique_ptr<Sunlite> sunlite_;
+  std::unique_ptr<OksidLibrary> oksidLib_;
+  std::unique_ptr<Oksid> oksid_;
+  std::unique_ptr<VellemanLibrary> vellemanLib_;
+  std::unique_ptr<Velleman> velleman_;
+  std::unique_ptr<Refreshrate> setup_;
 };
 
 }  // namespace q

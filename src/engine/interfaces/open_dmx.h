@@ -1,0 +1,49 @@
+#pragma once
+// OpenDmx: the FTDI adapters without a processor of their own (Enttec Open
+// DMX USB, HumanData USB-003, Nextec Free USB DMX). The host times the line:
+// every frame is a break, the start code and all 512 slots at 250,000 bit/s,
+// 8 data bits, 2 stop bits, no parity.
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "engine/interfaces/devices.h"
+
+namespace q {
+
+class OpenDmx {
+ public:
+  struct Hooks {
+    // A plain modal box with an OK button.
+    std::function<void(const std::string& text)> message;
+    // Takes the splash away so that a box at start is not hidden behind it.
+    std::function<void()> dismissSplash;
+  };
+
+  OpenDmx(FtdiDevice& device, Hooks hooks) : dev_(device), hooks_(std::move(hooks)) {}
+
+  // Opens and sets up the first device; a failing step shows its message,
+  // closes, and leaves the adapter without output. True when set up in full.
+  bool OpenDmxOpenDevice();
+  void OpenDmxClose();
+  void OpenDmxCopyFrame(const uint8_t* frame);
+  // One frame on the line. Returns the failure text of a write, or nullptr.
+  // The caller decides how a failure is shown.
+  const char* OpenDmxSend();
+
+  bool OpenDmxOpen = false;
+  uint8_t OpenDmxStartCode = 0;
+  std::array<uint8_t, 512> OpenDmxBuffer{};
+  uint32_t OpenDmxBytesWritten = 0;
+
+  static constexpr const char* kWriteStartCodeFailed = "Write Start Code Failed!";
+  static constexpr const char* kWriteDmxFailed = "Write DMX Failed!";
+
+ private:
+  FtdiDevice& dev_;
+  Hooks hooks_;
+};
+
+}  // namespace q

@@ -1,0 +1,74 @@
+#pragma once
+// Refreshrate, the "Interface setup" window: the output adapter, the frame
+// interval, the number of channels and the parallel-port settings. The
+// interval and the timing loops act while their bars move; the device list
+// switches the frame dispatch at once; "Ok" applies the rest and, when the
+// adapter changed, stops the old one and starts the new one. The close box
+// applies nothing further.
+
+#include <array>
+#include <string>
+
+#include "engine/controls/window.h"
+
+namespace q {
+
+class Console;
+
+// An editable list: a text box with a list of items to pick from.
+class ComboText : public TextBox {
+ public:
+  using TextBox::TextBox;
+  std::vector<std::string> items;
+  // `set`: picks the item of that index.
+  bool setValue(int index) override;
+};
+
+class Refreshrate : public Window {
+ public:
+  explicit Refreshrate(Console& c);
+
+  // Opening: the window takes the console's current settings.
+  void load();
+  void show();
+  // "Ok": applies and closes.
+  void ok();
+  // The window's own close box.
+  void closeBox();
+  bool loaded() const { return loaded_; }
+
+  ListBox& ComboDevice;
+  std::array<Lamp*, 11> Image1{};
+  Lamp& Image2;
+  Label& lblWeb;
+  Label& Frame4;  // "SELECT OUTPUT", round CmbLPT
+  ListBox& CmbLPT;
+  Label& Frame3;  // the timing loops of the parallel-port adapters
+  Scroller& HScroll1;
+  TextBox& Text1;
+  Scroller& HScroll2;
+  Scroller& HScroll3;
+  Scroller& HScroll4;
+  TextBox& Text2;
+  TextBox& Text3;
+  TextBox& Text4;
+  ComboText& Combo1;
+  Label& btnOk;
+  std::array<Label*, 3> Label2{};
+
+  // The interface in force when the window was opened.
+  int openedInterface = 0;
+  // The skin's background colour of the frames and labels, -1 before opening.
+  int frameBackColor = -1;
+
+ private:
+  void wire();
+  void deviceChosen();
+  void loopMoved(Scroller& bar, TextBox& text, int& setting);
+  void unload();
+
+  Console& c_;
+  bool loaded_ = false;
+};
+
+}  // namespace q

@@ -1,0 +1,63 @@
+#pragma once
+// A thread that puts frames on the wire for an adapter the host must time.
+// It sends one frame every interval, always the latest frame the output
+// tick handed over, so a busy console thread (a large file load, a modal
+// dialog) delays level changes but never the refresh of the line.
+//
+// The line keeps its own steady period. To keep a fader move from waiting
+// for two periods (one for the tick, one for the line), the line's phase is
+// pulled gently towards a point just after each tick: never by more than a
+// fraction of a millisecond per frame, so the spacing of frames on the wire
+// stays even. While the console is too busy to tick, the line runs free.
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+#include "engine/interfaces/latest_frame.h"
+
+namespace q {
+
+class WireThread {
+ public:
+  // Puts one frame on the wire; returns a failure code, 0 when it went out.
+  using Send = std::function<int(const uint8_t* frame)>;
+
+  WireThread(Send send, int intervalMs, std::function<void()> prepare = {});
+  ~WireThread();
+  WireThread(const WireThread&) = delete;
+  WireThread& operator=(const WireThread&) = delete;
+
+  // Console thread, at each output tick.
+  void handOver(const uint8_t* frame, int intervalMs);
+  // The result of the last frame sent.
+  int lastFailure() const { return failure_.load(std::memory_order_relaxed); }
+  // Frames sent so far.
+  long framesSent() const { return frames_.load(std::memory_order_relaxed); }
+
+  // How far after a tick the line aims to start its frame, and how much its
+  // phase may move per frame.
+  static constexpr std::chrono::microseconds kLeadAfterTick{1000};
+  static constexpr std::chrono::microseconds kMaxSlew{250};
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  void run(std::function<void()> prepare);
+  Clock::duration phaseCorrection(Clock::time_point deadline, Clock::duration interval) const;
+
+  Send send_;
+  LatestFrameSlot slot_;
+  std::atomic<int64_t> intervalNs_;
+  std::atomic<int64_t> lastTickNs_{0};  // time of the last hand-over, 0 before the first
+  std::atomic<int> failure_{0};
+  std::atomic<long> frames_{0};
+  std::mutex mutex_;
+  std::condition_variable wake_;
+  bool stop_ = false;
+  std::thread thread_;
+};
+
+}  // namespace q
