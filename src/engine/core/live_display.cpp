@@ -1,5 +1,6 @@
 #include "engine/core/live_display.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "engine/core/console.h"
@@ -17,17 +18,19 @@ constexpr double kBarWidth = 3;
 
 // A channel number as the strip prints it: at least three digits.
 std::string threeDigits(int n) {
-  char buf[16];
-  if (n < 0)
-    std::snprintf(buf, sizeof buf, "-%03d", -n);
-  else
-    std::snprintf(buf, sizeof buf, "%03d", n);
-  return buf;
+  if (n < 0 || n > 999) {
+    char buf[16];
+    std::snprintf(buf, sizeof buf, n < 0 ? "-%03d" : "%d", n < 0 ? -n : n);
+    return buf;
+  }
+  const char digits[3] = {char('0' + n / 100), char('0' + n / 10 % 10), char('0' + n % 10)};
+  return std::string(digits, 3);
 }
 }  // namespace
 
 LiveDisplay::LiveDisplay(Console& c)
     : c_(c),
+      v_(c.v),
       output_(&c.form1.menu("mnuScreenOutput")),
       live_(&c.form1.menu("mnuScreenLive")),
       selected_(&c.form1.menu("mnuScreenSelected")) {
@@ -63,7 +66,7 @@ void LiveDisplay::beginMix() {
 
 void LiveDisplay::endMix() { c_.form1.Picture1.refresh(); }
 
-void LiveDisplay::ShowChannel(int channel) {
+void LiveDisplay::draw(int channel) {
   if (c_.v.ValuesMode == 2)
     showBars(channel);
   else
@@ -97,14 +100,15 @@ void LiveDisplay::showText(int channel) {
     const double x = v.DisplaySlot * kSlotWidth + kLeft;
     if (output_->checked() && v.PatchOn == kTrue) {
       const int16_t logical = v.PatchMap[channel - 1];
-      bool shown = false;
-      for (int16_t e : ShownPatch) shown = shown || e == logical;
-      if (!shown) {
+      int shown = 0;
+      for (int16_t e : ShownPatch) shown += e == logical;
+      if (shown == 0) {
         pic.print(x, kLabelY, threeDigits(logical), c_.colors.LabelColor);
         ShownPatch[v.DisplaySlot] = logical;
-        // The table is cleared on the shared counter: the patch pass of the
-        // mix runs on the same I and goes on from where this leaves it.
-        for (v.I = v.DisplaySlot; v.I <= kSlots - 1; ++v.I) ShownPatch[v.I] = 0;
+        // The table is cleared on the shared counter, which leaves it at 30:
+        // the patch pass of the mix runs on the same I and goes on from there.
+        std::fill(ShownPatch.begin() + v.DisplaySlot, ShownPatch.end(), int16_t{0});
+        v.I = kSlots;
       }
     } else {
       pic.print(x, kLabelY, threeDigits(channel), c_.colors.LabelColor);

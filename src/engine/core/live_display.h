@@ -9,6 +9,8 @@
 #include <functional>
 #include <string>
 
+#include "engine/core/variables.h"
+
 namespace q {
 
 class Console;
@@ -22,7 +24,11 @@ class LiveDisplay {
 
   // Clears the strip and starts the slots at minus the scroll value.
   void beginMix();
-  void ShowChannel(int channel);
+  void ShowChannel(int channel) {
+    if (!full()) draw(channel);
+  }
+  // Once the text slots are full nothing more is drawn or counted.
+  bool full() const { return v_.ValuesMode != 2 && v_.DisplaySlot >= kSlots; }
   // Tells the desk the strip is drawn.
   void endMix();
 
@@ -37,6 +43,7 @@ class LiveDisplay {
   std::function<void(const std::string& menu)> onPopupMenu;
 
  private:
+  void draw(int channel);
   void showText(int channel);
   void showBars(int channel);
   void printLevel(double x, int level);
@@ -44,6 +51,7 @@ class LiveDisplay {
   void chooseValues(int index);
 
   Console& c_;
+  Variables& v_;
   MenuItem* output_;
   MenuItem* live_;
   MenuItem* selected_;

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include "engine/core/console.h"
 
@@ -21,27 +24,61 @@ const uint8_t* tableFor(Mixer::LevelTable& t, int key, Product product) {
 // A level as a weight: divided by 255 before it multiplies anything.
 double weight(int level) { return level / 255.0; }
 
+// The floor of a product of levels and weights, which are never negative:
+// there the floor is the truncation, and the truncation needs no library call.
+inline long floorOf(double x) { return long(x); }
+
 // floor(weight x byte), the common truncating product of the mix.
 const uint8_t* scaled(Mixer::LevelTable& t, int level) {
   const double w = weight(level);
-  return tableFor(t, level, [w](int c) { return std::floor(w * c); });
+  return tableFor(t, level, [w](int c) { return floorOf(w * c); });
+}
+
+// A table of zeros: pads the strips so they can be taken four at a time.
+const std::array<uint8_t, 256> kNothing{};
+
+// The highest byte of a row among the masked columns.
+inline uint8_t highestMasked(const uint8_t* row, const uint8_t* mask) {
+#if defined(__SSE2__)
+  static_assert(kColumns == 24);
+  auto load16 = [](const uint8_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); };
+  auto load8 = [](const uint8_t* p) { return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)); };
+  __m128i m = _mm_max_epu8(_mm_and_si128(load16(row), load16(mask)),
+                           _mm_and_si128(load8(row + 16), load8(mask + 16)));
+  m = _mm_max_epu8(m, _mm_srli_si128(m, 8));
+  m = _mm_max_epu8(m, _mm_srli_si128(m, 4));
+  m = _mm_max_epu8(m, _mm_srli_si128(m, 2));
+  m = _mm_max_epu8(m, _mm_srli_si128(m, 1));
+  return uint8_t(_mm_cvtsi128_si32(m));
+#else
+  uint8_t m = 0;
+  for (int k = 0; k < kColumns; ++k) m = std::max<uint8_t>(m, row[k] & mask[k]);
+  return m;
+#endif
 }
 }  // namespace
 
 Mixer::Mixer(Console& c) : c_(c) {
   mixOps_.reserve(kSubmasters);
   bypassOps_.reserve(kSubmasters);
+  singles_.reserve(kSubmasters + 3);
+  groups_.reserve(kSubmasters);
 }
 
 void Mixer::MixOutput() {
   Variables& v = c_.v;
   // Blackout only zeroes the master: the mix goes on, and bypass strips survive it.
-  v.GrandMaster = v.BlackOut != kFalse ? 0 : uint8_t(std::clamp(255 - c_.form1.SMaster.position(), 0, 255));
+  v.GrandMaster =
+      v.BlackOut != kFalse ? 0 : uint8_t(std::clamp(255 - c_.form1.SMaster.position(), 0, 255));
   c_.liveDisplay.beginMix();
   const int channels = std::clamp<int>(v.MaxChans, 0, kChannels);
   readRoles();
   prepareTables();
-  mixSources(channels);
+  prepareStrips();
+  if (hasInv_)
+    mixSources<true>(channels);
+  else
+    mixSources<false>(channels);
   for (int k = 0; k < 2; ++k)
     if (c_.form1.FXTimer[k]->isEnabled()) addChaser(k, channels);
   if (v.PatchOn == kFalse) firstPassOutput(channels);
@@ -57,15 +94,29 @@ void Mixer::MixOutput() {
 void Mixer::readRoles() {
   for (int j = 0; j < kSubmasters; ++j) {
     const std::string& word = c_.form1.FaderFunc(j + kFirstStrip).caption();
-    roles_[j] = word == "SUB" ? Role::Sub : word == "INV" ? Role::Inv : word == "BYP" ? Role::Byp : Role::None;
+    roles_[j] = word == "SUB"   ? Role::Sub
+                : word == "INV" ? Role::Inv
+                : word == "BYP" ? Role::Byp
+                                : Role::None;
   }
 }
 
 void Mixer::prepareTables() {
   const Variables& v = c_.v;
+  scaled(stage_, v.StageLevel);
+  scaled(prog_, v.ProgLevel);
+  scaled(midi_, v.MidiLevel);
+  const double gm = weight(v.GrandMaster);
+  // The grand master is the one product that rounds (half to even) instead of truncating.
+  tableFor(grand_, v.GrandMaster, [gm](int m) { return roundHalfEven(gm * m); });
+}
+
+void Mixer::prepareStrips() {
+  const Variables& v = c_.v;
   const double master = weight(v.SubMasterLevel);
   mixOps_.clear();
   bypassOps_.clear();
+  segmentStart_ = 0;
   hasInv_ = false;
   for (int j = 0; j < kSubmasters; ++j) {
     const uint8_t column = uint8_t(j + 2);
@@ -75,31 +126,56 @@ void Mixer::prepareTables() {
         const double w = weight(level);
         const int key = v.SubMasterLevel * 256 + level;
         // The master scales the column first, the strip's own level after.
-        mixOps_.push_back({Role::Sub, column,
-                           tableFor(sub_[j], key, [=](int c) { return std::floor((master * c) * w); })});
+        addStrip(Role::Sub, key, column,
+                 tableFor(sub_[j], key, [=](int c) { return floorOf((master * c) * w); }));
         break;
       }
-      case Role::Inv:
-        mixOps_.push_back({Role::Inv, column, scaled(plain_[j], level)});
-        hasInv_ = true;
+      case Role::Inv: addStrip(Role::Inv, level, column, scaled(plain_[j], level)); break;
+      case Role::Byp:
+        bypassOps_.push_back({Role::Byp, level, column, scaled(plain_[j], level), false, {}});
         break;
-      case Role::Byp: bypassOps_.push_back({Role::Byp, column, scaled(plain_[j], level)}); break;
       case Role::None: break;
     }
   }
-  scaled(stage_, v.StageLevel);
-  scaled(prog_, v.ProgLevel);
-  scaled(midi_, v.MidiLevel);
-  const double gm = weight(v.GrandMaster);
-  // The grand master is the one product that rounds (half to even) instead of truncating.
-  tableFor(grand_, v.GrandMaster, [gm](int m) { return roundHalfEven(gm * m); });
-  for (int k = 0; k < 2; ++k) {
-    const double w = weight(k == 0 ? v.FX1Level : v.FX2Level);
-    tableFor(chaser_[k], k == 0 ? v.FX1Level : v.FX2Level, [w](int c) { return std::floor(c * w); });
+  singles_.clear();
+  groups_.clear();
+  for (const StripOp& op : mixOps_) {
+    if (op.grouped)
+      groups_.push_back(&op);
+    else
+      singles_.push_back({op.column, op.table});
   }
+  while (singles_.size() % 4) singles_.push_back({kStageColumn, kNothing.data()});
+}
+
+// A strip whose product is 0 even for a full column changes nothing (a SUB
+// cannot lower, an INV takes 0 away) and is left out. SUB strips between the
+// same two INV strips only raise, so their order among themselves is free and
+// those at equal weights are merged into one group.
+void Mixer::addStrip(Role role, int key, uint8_t column, const uint8_t* table) {
+  if (table[255] == 0) return;
+  if (role == Role::Inv) {
+    mixOps_.push_back({role, key, column, table, false, {}});
+    segmentStart_ = mixOps_.size();
+    hasInv_ = true;
+    return;
+  }
+  for (size_t k = segmentStart_; k < mixOps_.size(); ++k) {
+    StripOp& op = mixOps_[k];
+    if (op.key != key) continue;
+    if (!op.grouped) {
+      op.grouped = true;
+      op.mask.fill(0);
+      op.mask[op.column] = 0xFF;
+    }
+    op.mask[column] = 0xFF;
+    return;
+  }
+  mixOps_.push_back({role, key, column, table, false, {}});
 }
 
 // Scenes, strips and MIDI into MixBuffer for channels 1..channels.
+template <bool kWithInv>
 void Mixer::mixSources(int channels) {
   Variables& v = c_.v;
   const uint8_t* stage = stage_.at.data();
@@ -110,15 +186,28 @@ void Mixer::mixSources(int channels) {
     // Prog and Stage add: a true crossfade sum, each share floored on its own.
     const int sum = prog[row[kProgColumn]] + stage[row[kStageColumn]];
     int mb = sum < 255 ? sum : 255;
-    for (const StripOp& op : mixOps_) {
-      const int t = op.table[row[op.column]];
-      if (op.role == Role::Sub) {
-        if (t > mb) mb = t;
-      } else {
-        // An inverting strip takes away from what is mixed so far.
-        const int rest = mb - t;
-        mb = rest <= -1 ? 0 : rest;
+    if constexpr (kWithInv) {
+      for (const StripOp& op : mixOps_) {
+        if (op.role == Role::Inv) {
+          // An inverting strip takes away from what is mixed so far.
+          const int rest = mb - op.table[row[op.column]];
+          mb = rest <= -1 ? 0 : rest;
+        } else {
+          mb = std::max<int>(mb, op.table[op.grouped ? highestMasked(row, op.mask.data()) : row[op.column]]);
+        }
       }
+    } else {
+      // Without INV strips every strip only raises: four chains of maxima at once.
+      int m1 = 0, m2 = 0, m3 = 0;
+      const Single* s = singles_.data();
+      for (size_t k = 0, n = singles_.size(); k < n; k += 4) {
+        mb = std::max<int>(mb, s[k].table[row[s[k].column]]);
+        m1 = std::max<int>(m1, s[k + 1].table[row[s[k + 1].column]]);
+        m2 = std::max<int>(m2, s[k + 2].table[row[s[k + 2].column]]);
+        m3 = std::max<int>(m3, s[k + 3].table[row[s[k + 3].column]]);
+      }
+      mb = std::max(std::max(mb, m1), std::max(m2, m3));
+      for (const StripOp* g : groups_) mb = std::max<int>(mb, g->table[highestMasked(row, g->mask.data())]);
     }
     const int m = midi[row[kMidiColumn]];
     v.MixBuffer[i] = uint8_t(m > mb ? m : mb);
@@ -131,17 +220,21 @@ void Mixer::addChaser(int k, int channels) {
   if (!(step >= -32768 && step <= 32767)) return;  // no such step: nothing lit
   const int16_t row = int16_t(std::lrint(step));
   const CSparseMatrix& data = v.fxData(k);
-  const uint8_t* table = chaser_[k].at.data();
-  const double w = weight(k == 0 ? v.FX1Level : v.FX2Level);
-  for (int i = 0; i < channels; ++i) {
-    const double cell = data.number(row, int16_t(i + 1));
-    double c;
-    if (cell >= 0 && cell <= 255 && cell == double(int(cell)))
-      c = table[int(cell)];
-    else
-      c = std::floor(cell * w);  // a hand-edited step: computed as it stands
-    if (c > v.MixBuffer[i]) v.MixBuffer[i] = uint8_t(std::min(c, 255.0));
+  const int level = k == 0 ? v.FX1Level : v.FX2Level;
+  ChaserLift& lift = chaser_[k];
+  if (lift.data != &data || lift.version != data.version() || lift.step != row || lift.level != level) {
+    const double w = weight(level);
+    for (int ch = 1; ch <= kChannels; ++ch) {
+      // A cell never stored counts as 0; a lift of 0 or less never raises a channel.
+      const double c = std::floor(data.number(row, int16_t(ch)) * w);
+      lift.at[ch - 1] = c > 0 ? (c < 255 ? uint8_t(c) : uint8_t(255)) : uint8_t(0);
+    }
+    lift.data = &data;
+    lift.version = data.version();
+    lift.step = row;
+    lift.level = level;
   }
+  for (int i = 0; i < channels; ++i) v.MixBuffer[i] = std::max(v.MixBuffer[i], lift.at[i]);
 }
 
 // The bypass strips of a logical channel raise its level after the grand master.
@@ -154,33 +247,50 @@ uint8_t Mixer::bypassed(int logical, uint8_t level) const {
 void Mixer::firstPassOutput(int channels) {
   Variables& v = c_.v;
   const uint8_t* grand = grand_.at.data();
-  for (int i = 0; i < channels; ++i) v.DMXData[i] = bypassed(i + 1, grand[v.MixBuffer[i]]);
+  if (bypassOps_.empty())
+    for (int i = 0; i < channels; ++i) v.DMXData[i] = grand[v.MixBuffer[i]];
+  else
+    for (int i = 0; i < channels; ++i) v.DMXData[i] = bypassed(i + 1, grand[v.MixBuffer[i]]);
   const bool handOver = v.InterfaceType == 8 && perChannelOutput;
   LiveDisplay& live = c_.liveDisplay;
   for (int i = 1; i <= channels; ++i) {
-    live.ShowChannel(i);
+    if (!live.full())
+      live.ShowChannel(i);
+    else if (!handOver)
+      break;
     // This interface gets the mastered level without the bypass strips.
     if (handOver) perChannelOutput(i, grand[v.MixBuffer[i - 1]]);
   }
 }
 
+// One output of the patch pass: the mastered level of its logical channel,
+// raised by the bypass strips. True when the output is patched.
+bool Mixer::patchOutput(int out) {
+  Variables& v = c_.v;
+  const int logical = v.PatchMap[out - 1];
+  if (logical <= 0 || logical > kChannels) return false;
+  const uint8_t mastered = grand_.at[v.MixBuffer[logical - 1]];
+  v.DMXData[out - 1] = bypassOps_.empty() ? mastered : bypassed(logical, mastered);
+  if (v.InterfaceType == 8 && perChannelOutput) perChannelOutput(out, mastered);
+  return true;
+}
+
 // All 512 outputs through the patch. The counter is the shared I: the live
-// display's label test can set it back to 30, and the pass then goes on from 31.
+// display's label test can set it back to 30, and the pass then goes on from
+// 31. Once the strip is full the display no longer touches I, and the rest of
+// the pass runs on a counter of its own.
 void Mixer::patchPass() {
   Variables& v = c_.v;
-  const uint8_t* grand = grand_.at.data();
-  const bool handOver = v.InterfaceType == 8 && perChannelOutput;
+  LiveDisplay& live = c_.liveDisplay;
+  bool patched = false;
   for (v.I = 1; v.I <= kChannels; ++v.I) {
-    const int out = v.I;
-    const int logical = v.PatchMap[out - 1];
-    if (logical > 0 && logical <= kChannels) {
-      const uint8_t mastered = grand[v.MixBuffer[logical - 1]];
-      v.DMXData[out - 1] = bypassed(logical, mastered);
-      v.J = kSubmasters + 1;
-      if (handOver) perChannelOutput(out, mastered);
-    }
-    c_.liveDisplay.ShowChannel(out);
+    if (live.full()) break;
+    patched |= patchOutput(v.I);
+    live.ShowChannel(v.I);
   }
+  for (int out = v.I; out <= kChannels; ++out) patched |= patchOutput(out);
+  v.I = kChannels + 1;
+  if (patched) v.J = kSubmasters + 1;
 }
 
 }  // namespace q

@@ -12,6 +12,8 @@
 #include <functional>
 #include <vector>
 
+#include "engine/core/variables.h"
+
 namespace q {
 
 class Console;
@@ -34,31 +36,58 @@ class Mixer {
 
  private:
   enum class Role : uint8_t { None, Sub, Inv, Byp };
-  // What one strip does to a channel in this mix.
+  // What one strip, or several SUB strips at the same weights, do to a channel.
   struct StripOp {
     Role role;
-    uint8_t column;       // source column in ChanTable
-    const uint8_t* table;  // the strip's product for each column byte
+    int key;               // the weights behind the table
+    uint8_t column;        // source column in ChanTable (single strip)
+    const uint8_t* table;  // the product for each column byte
+    // SUB strips at the same weights share one product table, and a product
+    // never falls as its column rises, so the highest of their columns
+    // decides: a mask over the row marks the columns of the group.
+    bool grouped;
+    std::array<uint8_t, kColumns> mask;
+  };
+  // A chaser's current step as it lifts each channel, kept until the step,
+  // its level or the chaser's table change.
+  struct ChaserLift {
+    uint64_t version = 0;
+    int step = -1;
+    int level = -1;
+    const CSparseMatrix* data = nullptr;
+    std::array<uint8_t, kChannels> at{};
   };
 
   void readRoles();
+  void prepareStrips();
+  void addStrip(Role role, int key, uint8_t column, const uint8_t* table);
   void prepareTables();
+  template <bool kWithInv>
   void mixSources(int channels);
   void addChaser(int k, int channels);
   uint8_t bypassed(int logical, uint8_t level) const;
   void firstPassOutput(int channels);
+  bool patchOutput(int out);
   void patchPass();
 
   Console& c_;
-  std::array<Role, 20> roles_{};
+  std::array<Role, kSubmasters> roles_{};
   std::vector<StripOp> mixOps_;     // SUB and INV strips, in strip order
   std::vector<StripOp> bypassOps_;  // BYP strips, in strip order
+  // Without INV strips: the single strips, padded to a multiple of four, and the groups.
+  struct Single {
+    uint8_t column;
+    const uint8_t* table;
+  };
+  std::vector<Single> singles_;
+  std::vector<const StripOp*> groups_;
+  size_t segmentStart_ = 0;         // first op after the latest INV
   bool hasInv_ = false;
 
   LevelTable stage_, prog_, midi_, grand_;
-  std::array<LevelTable, 20> sub_{};    // floor(((SubMasterLevel/255) x col) x (SubLevel/255))
-  std::array<LevelTable, 20> plain_{};  // floor((SubLevel/255) x col): INV and BYP
-  std::array<LevelTable, 2> chaser_{};  // floor(cell x (FXnLevel/255)) for whole cells 0..255
+  std::array<LevelTable, kSubmasters> sub_{};    // floor(((SubMasterLevel/255) x col) x (SubLevel/255))
+  std::array<LevelTable, kSubmasters> plain_{};  // floor((SubLevel/255) x col): INV and BYP
+  std::array<ChaserLift, 2> chaser_{};
 };
 
 }  // namespace q

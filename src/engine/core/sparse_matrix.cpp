@@ -95,6 +95,7 @@ bool CSparseMatrix::cellIsEmpty(int16_t row, int16_t column) const {
 }
 
 void CSparseMatrix::setCell(int16_t row, int16_t column, const Value& v) {
+  ++version_;
   if (rows_.empty()) rows_.resize(65536);
   auto& r = rows_[row + kRowOffset];
   if (!r) {
@@ -116,6 +117,9 @@ void CSparseMatrix::setCell(int16_t row, int16_t column, const Value& v) {
   }
 }
 
-void CSparseMatrix::clearAll() { rows_.clear(); }
+void CSparseMatrix::clearAll() {
+  rows_.clear();
+  ++version_;
+}
 
 }  // namespace q

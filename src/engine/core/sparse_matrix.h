@@ -33,6 +33,9 @@ class CSparseMatrix {
   // The hot read of the mixer: the cell as a number, empty and text as 0.
   double number(int16_t row, int16_t column) const;
   bool cellIsEmpty(int16_t row, int16_t column) const;
+  // Grows with every store, so a reader may keep what it derived from the
+  // table (the mixer keeps each chaser's current step) until it changes.
+  uint64_t version() const { return version_; }
 
   // Forgets every row (a new table), for tests and for a reset of a whole instance.
   void clearAll();
@@ -42,6 +45,7 @@ class CSparseMatrix {
   struct Row;
   const Slot* slot(int16_t row, int16_t column) const;
   std::vector<std::unique_ptr<Row>> rows_;  // indexed by row + 32768
+  uint64_t version_ = 0;
 };
 
 }  // namespace q
