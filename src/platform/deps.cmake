@@ -1,0 +1,4 @@
+# Libraries of the platform adapters, linked into quintara_platform.
+pkg_check_modules(LIBFTDI1 REQUIRED IMPORTED_TARGET libftdi1)
+pkg_check_modules(LIBOLA REQUIRED IMPORTED_TARGET libola)
+target_link_libraries(quintara_platform PUBLIC PkgConfig::LIBFTDI1 PkgConfig::LIBOLA)
