@@ -17,14 +17,16 @@ struct FullLoad {
     v.StageLevel = 180;
     v.ProgLevel = 75;
     for (int ch = 1; ch <= q::kChannels; ++ch) {
-      for (int col = 0; col < q::kColumns; ++col) v.chan(ch, col) = uint8_t((ch * 7 + col * 13) % 256);
+      for (int col = 0; col < q::kColumns; ++col)
+        v.chan(ch, col) = uint8_t((ch * 7 + col * 13) % 256);
       v.PatchMap[ch - 1] = int16_t(q::kChannels + 1 - ch);
       for (int step = 1; step <= 4; ++step) {
         v.FX1Data.setCell(int16_t(step), int16_t(ch), uint8_t((ch * 3 + step) % 256));
         v.FX2Data.setCell(int16_t(step), int16_t(ch), uint8_t((ch * 5 + step) % 256));
       }
     }
-    for (int j = 0; j < q::kSubmasters; ++j) v.SubLevel[j] = uint8_t(distinctLevels ? 255 - j * 9 : 255);
+    for (int j = 0; j < q::kSubmasters; ++j)
+      v.SubLevel[j] = uint8_t(distinctLevels ? 255 - j * 9 : 255);
     v.PatchOn = q::kTrue;
     c.form1.FxStep[0]->setCaption("2");
     c.form1.FxStep[1]->setCaption("3");

@@ -41,8 +41,12 @@ const std::array<uint8_t, 256> kNothing{};
 inline uint8_t highestMasked(const uint8_t* row, const uint8_t* mask) {
 #if defined(__SSE2__)
   static_assert(kColumns == 24);
-  auto load16 = [](const uint8_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); };
-  auto load8 = [](const uint8_t* p) { return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)); };
+  auto load16 = [](const uint8_t* p) {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+  };
+  auto load8 = [](const uint8_t* p) {
+    return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
+  };
   __m128i m = _mm_max_epu8(_mm_and_si128(load16(row), load16(mask)),
                            _mm_and_si128(load8(row + 16), load8(mask + 16)));
   m = _mm_max_epu8(m, _mm_srli_si128(m, 8));
@@ -130,11 +134,14 @@ void Mixer::prepareStrips() {
                  tableFor(sub_[j], key, [=](int c) { return floorOf((master * c) * w); }));
         break;
       }
-      case Role::Inv: addStrip(Role::Inv, level, column, scaled(plain_[j], level)); break;
+      case Role::Inv:
+        addStrip(Role::Inv, level, column, scaled(plain_[j], level));
+        break;
       case Role::Byp:
         bypassOps_.push_back({Role::Byp, level, column, scaled(plain_[j], level), false, {}});
         break;
-      case Role::None: break;
+      case Role::None:
+        break;
     }
   }
   singles_.clear();
@@ -193,7 +200,8 @@ void Mixer::mixSources(int channels) {
           const int rest = mb - op.table[row[op.column]];
           mb = rest <= -1 ? 0 : rest;
         } else {
-          mb = std::max<int>(mb, op.table[op.grouped ? highestMasked(row, op.mask.data()) : row[op.column]]);
+          mb = std::max<int>(
+              mb, op.table[op.grouped ? highestMasked(row, op.mask.data()) : row[op.column]]);
         }
       }
     } else {
@@ -207,7 +215,8 @@ void Mixer::mixSources(int channels) {
         m3 = std::max<int>(m3, s[k + 3].table[row[s[k + 3].column]]);
       }
       mb = std::max(std::max(mb, m1), std::max(m2, m3));
-      for (const StripOp* g : groups_) mb = std::max<int>(mb, g->table[highestMasked(row, g->mask.data())]);
+      for (const StripOp* g : groups_)
+        mb = std::max<int>(mb, g->table[highestMasked(row, g->mask.data())]);
     }
     const int m = midi[row[kMidiColumn]];
     v.MixBuffer[i] = uint8_t(m > mb ? m : mb);
@@ -222,7 +231,8 @@ void Mixer::addChaser(int k, int channels) {
   const CSparseMatrix& data = v.fxData(k);
   const int level = k == 0 ? v.FX1Level : v.FX2Level;
   ChaserLift& lift = chaser_[k];
-  if (lift.data != &data || lift.version != data.version() || lift.step != row || lift.level != level) {
+  if (lift.data != &data || lift.version != data.version() || lift.step != row ||
+      lift.level != level) {
     const double w = weight(level);
     for (int ch = 1; ch <= kChannels; ++ch) {
       // A cell never stored counts as 0; a lift of 0 or less never raises a channel.
@@ -288,7 +298,17 @@ void Mixer::patchPass() {
     patched |= patchOutput(v.I);
     live.ShowChannel(v.I);
   }
-  for (int out = v.I; out <= kChannels; ++out) patched |= patchOutput(out);
+  if (bypassOps_.empty() && !(v.InterfaceType == 8 && perChannelOutput)) {
+    const uint8_t* grand = grand_.at.data();
+    for (int out = v.I; out <= kChannels; ++out) {
+      const int logical = v.PatchMap[out - 1];
+      if (logical <= 0 || logical > kChannels) continue;
+      v.DMXData[out - 1] = grand[v.MixBuffer[logical - 1]];
+      patched = true;
+    }
+  } else {
+    for (int out = v.I; out <= kChannels; ++out) patched |= patchOutput(out);
+  }
   v.I = kChannels + 1;
   if (patched) v.J = kSubmasters + 1;
 }

@@ -81,11 +81,12 @@ class Mixer {
   };
   std::vector<Single> singles_;
   std::vector<const StripOp*> groups_;
-  size_t segmentStart_ = 0;         // first op after the latest INV
+  size_t segmentStart_ = 0;  // first op after the latest INV
   bool hasInv_ = false;
 
   LevelTable stage_, prog_, midi_, grand_;
-  std::array<LevelTable, kSubmasters> sub_{};    // floor(((SubMasterLevel/255) x col) x (SubLevel/255))
+  std::array<LevelTable, kSubmasters>
+      sub_{};  // floor(((SubMasterLevel/255) x col) x (SubLevel/255))
   std::array<LevelTable, kSubmasters> plain_{};  // floor((SubLevel/255) x col): INV and BYP
   std::array<ChaserLift, 2> chaser_{};
 };

@@ -1,3 +1,5 @@
+#include <cmath>
+#include <random>
 #include <utility>
 #include <vector>
 
@@ -148,8 +150,8 @@ TEST_F(MixerTest, PatchPassFeedsOutputsAndLeavesUnpatchedSlots) {
   v().chan(3, kStageColumn) = 60;
   v().chan(3, 2) = 200;
   strip(1, "BYP", 255);
-  v().PatchMap[9] = 3;   // one channel may feed many outputs
-  v().PatchMap[2] = 0;   // unpatched: keeps its byte
+  v().PatchMap[9] = 3;  // one channel may feed many outputs
+  v().PatchMap[2] = 0;  // unpatched: keeps its byte
   v().PatchMap[4] = -1;
   v().DMXData[2] = 33;
   v().DMXData[4] = 44;
@@ -203,6 +205,66 @@ TEST_F(MixerTest, InterfaceEightGetsEachMasteredChannelWithoutBypass) {
   EXPECT_EQ(got[0], std::make_pair(1, 100));
   EXPECT_EQ(got[1].first, 3);
   EXPECT_EQ(repaints, 2);
+}
+
+// The mix written out plainly, channel by channel, against the tables, the
+// merged strip groups and the cached chaser steps, over changing random shows.
+TEST_F(MixerTest, MatchesThePlainMixOverChangingShows) {
+  std::mt19937 rng(7);
+  auto pick = [&](std::initializer_list<int> from) {
+    return *(from.begin() + rng() % from.size());
+  };
+  const char* words[] = {"SUB", "SUB", "BYP", "SMA", "INV"};  // every other show without INV
+  for (int round = 0; round < 40; ++round) {
+    Variables& s = v();
+    s.MaxChans = int16_t(pick({20, 128, 300, 512}));
+    s.StageLevel = uint8_t(pick({0, 128, 155, 255}));
+    s.ProgLevel = uint8_t(pick({0, 127, 255}));
+    s.SubMasterLevel = uint8_t(pick({51, 255}));
+    s.FX1Level = uint8_t(pick({155, 255}));
+    s.BlackOut = rng() % 4 ? kFalse : kTrue;
+    form1().SMaster.setPosition(pick({0, 127, 254}));
+    for (int n = 1; n <= kSubmasters; ++n) {
+      const int level = round % 4 == 0 ? 255 - 9 * n : pick({0, 1, 85, 155, 255});  // or all apart
+      strip(n, words[rng() % (4 + round % 2)], level);
+    }
+    for (int k = 0; k < 2; ++k) {
+      form1().FXTimer[k]->setRunning(rng() % 2);
+      form1().FxStep[k]->setCaption(std::to_string(1 + rng() % 2));
+    }
+    for (int i = 0; i < 300; ++i) {
+      const int ch = 1 + int(rng() % 512);
+      v().chan(ch, int(rng() % kColumns)) =
+          uint8_t(pick({0, 51, 100, 147, 255}) + (rng() % 3 == 0));
+      v().fxData(int(rng() % 2)).setCell(int16_t(1 + rng() % 2), int16_t(ch), uint8_t(rng() % 256));
+    }
+    mix();
+    auto fl = [](double x) { return int(std::floor(x)); };
+    for (int ch = 1; ch <= s.MaxChans; ++ch) {
+      auto col = [&](int c) { return double(s.chan(ch, c)); };
+      const int sum = fl(s.ProgLevel / 255.0 * col(1)) + fl(s.StageLevel / 255.0 * col(0));
+      int mb = sum < 255 ? sum : 255;
+      for (int j = 1; j <= kSubmasters; ++j) {
+        const std::string& w = form1().FaderFunc(j + 2).caption();
+        const double sl = s.SubLevel[j - 1] / 255.0;
+        if (w == "SUB") mb = std::max(mb, fl(s.SubMasterLevel / 255.0 * col(j + 1) * sl));
+        if (w == "INV") mb = std::max(0, mb - fl(sl * col(j + 1)));
+      }
+      for (int k = 0; k < 2; ++k)
+        if (form1().FXTimer[k]->isEnabled()) {
+          const int16_t step = int16_t(std::stoi(form1().FxStep[k]->caption()));
+          const double lv = (k ? s.FX2Level : s.FX1Level) / 255.0;
+          mb = std::max(mb, fl(s.fxData(k).number(step, int16_t(ch)) * lv));
+        }
+      mb = std::max(mb, fl(s.MidiLevel / 255.0 * col(23)));
+      int out = int(std::nearbyint(s.GrandMaster / 255.0 * mb));
+      for (int j = 1; j <= kSubmasters; ++j)
+        if (form1().FaderFunc(j + 2).caption() == "BYP")
+          out = std::max(out, fl(s.SubLevel[j - 1] / 255.0 * col(j + 1)));
+      ASSERT_EQ(mixed(ch), mb) << "round " << round << " channel " << ch;
+      ASSERT_EQ(dmx(ch), out) << "round " << round << " channel " << ch;
+    }
+  }
 }
 
 }  // namespace q::test
