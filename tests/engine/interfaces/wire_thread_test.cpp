@@ -1,0 +1,101 @@
+// The hand-over between the output tick and the wire thread: always the
+// latest frame, never a queue; the line keeps its pace without the console;
+// a write that keeps failing on the thread is shown once.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <mutex>
+#include <thread>
+
+#include "engine/interfaces/ftdi_frame_sender.h"
+#include "engine/interfaces/latest_frame.h"
+#include "engine/interfaces/wire_thread.h"
+#include "fake_devices.h"
+
+namespace q::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+std::array<uint8_t, 512> frameOf(uint8_t level) {
+  std::array<uint8_t, 512> f;
+  f.fill(level);
+  return f;
+}
+
+TEST(LatestFrameHandOver, TheReaderGetsTheNewestFrameAndKeepsItUntilANewerOne) {
+  LatestFrameSlot slot;
+  EXPECT_EQ(slot.take()[0], 0);
+  slot.put(frameOf(1).data());
+  slot.put(frameOf(2).data());
+  slot.put(frameOf(3).data());
+  EXPECT_EQ(slot.take()[0], 3) << "frames in between are dropped, not queued";
+  EXPECT_EQ(slot.take()[0], 3);
+  slot.put(frameOf(4).data());
+  EXPECT_EQ(slot.take()[511], 4);
+}
+
+TEST(LatestFrameHandOver, AReaderNeverSeesAHalfWrittenFrame) {
+  LatestFrameSlot slot;
+  std::atomic<bool> stop{false};
+  std::thread writer([&] {
+    for (int n = 0; !stop; ++n) slot.put(frameOf(uint8_t(n)).data());
+  });
+  int torn = 0;
+  for (int i = 0; i < 200000; ++i) {
+    const auto& f = slot.take();
+    torn += f[0] != f[511];
+  }
+  stop = true;
+  writer.join();
+  EXPECT_EQ(torn, 0);
+}
+
+TEST(WireLine, KeepsTheLineGoingWhenNoTickComesAndSendsTheLatestFrame) {
+  std::mutex m;
+  std::vector<uint8_t> seen;
+  WireThread wire(
+      [&](const uint8_t* f) {
+        std::lock_guard<std::mutex> lock(m);
+        seen.push_back(f[0]);
+        return 0;
+      },
+      10);
+  wire.handOver(frameOf(5).data(), 10);
+  wire.handOver(frameOf(6).data(), 10);
+  std::this_thread::sleep_for(300ms);  // no tick at all in this time
+  const long frames = wire.framesSent();
+  EXPECT_GE(frames, 15) << "about 30 frames at 10 ms, even on a loaded machine";
+  EXPECT_LE(frames, 35);
+  std::lock_guard<std::mutex> lock(m);
+  EXPECT_EQ(seen.back(), 6);
+  EXPECT_EQ(std::count(seen.begin(), seen.end(), 5), 0) << "a frame overtaken before the wire is never sent";
+}
+
+TEST(WireFailures, AWriteFailingOnTheWireThreadIsShownOnce) {
+  auto chip = std::make_unique<FakeFtdi>();
+  FakeFtdi* fake = chip.get();
+  std::vector<std::string> messages;
+  FtdiFrameSender::Options options;
+  options.wireThread = true;
+  options.intervalMs = 5;
+  FtdiFrameSender sender(std::move(chip),
+                         OpenDmx::Hooks{[&](const std::string& t) { messages.push_back(t); }, {}},
+                         options);
+  fake->failures["write 512"] = FT_IO_ERROR;
+  ASSERT_TRUE(sender.startDMX());
+  ASSERT_NE(sender.wire(), nullptr);
+  for (int tick = 0; tick < 20; ++tick) {
+    sender.sendFrame(frameOf(1).data(), 5);
+    std::this_thread::sleep_for(5ms);
+  }
+  sender.close();
+  EXPECT_EQ(messages, std::vector<std::string>{"Write DMX Failed!"});
+  EXPECT_EQ(sender.wire(), nullptr);
+}
+
+}  // namespace
+}  // namespace q::test
