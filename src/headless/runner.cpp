@@ -18,6 +18,7 @@
 #include "engine/core/scripted_dialogs.h"
 #include "headless/interpreter.h"
 #include "headless/options.h"
+#include "platform/dmx_devices.h"
 #include "platform/program_folder.h"
 
 namespace q {
@@ -149,6 +150,7 @@ int runHeadless(int argc, char** argv) {
   host.dialogs = &dialogs;
   host.homeDir = home;
   host.commandLine = opt.commandLine;
+  host.devices = &realDevices();
   Console console(host);
   // The interpreter exists before start-up, so boxes shown while starting are printed too.
   Interpreter interpreter(console, dialogs, opt.virtualClock ? &virtualClock : nullptr, std::cout);
