@@ -75,13 +75,16 @@ class InputLines {
 
 class Run {
  public:
-  Run(Console& c, Interpreter& in, bool realTime) : c_(c), in_(in), realTime_(realTime) {}
+  Run(Console& c, ScriptedDialogs& d, Interpreter& in, bool realTime)
+      : c_(c), dialogs_(d), in_(in), realTime_(realTime) {}
 
   bool over() const { return c_.closed() || stopRequested; }
 
   void line(const std::string& text) {
     letTimeRun();
     in_.execute(text, ++lineNo_);
+    // The boxes are printed as they open; a console that runs for weeks keeps no log of them.
+    dialogs_.shown.clear();
   }
 
   void script(std::istream& s) {
@@ -116,6 +119,7 @@ class Run {
   }
 
   Console& c_;
+  ScriptedDialogs& dialogs_;
   Interpreter& in_;
   bool realTime_;
   int lineNo_ = 0;
@@ -156,7 +160,7 @@ int runHeadless(int argc, char** argv) {
   Interpreter interpreter(console, dialogs, opt.virtualClock ? &virtualClock : nullptr, std::cout);
   console.start();
 
-  Run run(console, interpreter, !opt.virtualClock);
+  Run run(console, dialogs, interpreter, !opt.virtualClock);
   if (script.is_open())
     run.script(script);
   else
