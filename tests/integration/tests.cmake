@@ -12,3 +12,9 @@ foreach(script ${QUINTARA_INTEGRATION_SCRIPTS})
            COMMAND ${CMAKE_CURRENT_LIST_DIR}/run_script.sh $<TARGET_FILE:quintara> ${script}
                    ${CMAKE_CURRENT_LIST_DIR}/${name}.expected ${mode})
 endforeach()
+
+# Output through OLA: a private olad on loopback, the console on interface 10,
+# the universe read back through the OLA client.
+add_test(NAME integration.ola_output
+         COMMAND ${CMAKE_CURRENT_LIST_DIR}/ola_output.sh $<TARGET_FILE:quintara> $<TARGET_FILE:ola_readback>)
+set_tests_properties(integration.ola_output PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 120)
