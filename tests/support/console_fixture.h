@@ -30,6 +30,8 @@ class ConsoleFixture : public ::testing::Test {
 
   VirtualClock clock;
   ScriptedDialogs dialogs;
+  // Players handed to the console as WMP(0), WMP(1); null for the silent ones.
+  MediaPlayer* players[2] = {nullptr, nullptr};
   std::string commandLine = "quintara";
   // The output adapters the console finds; null finds none.
   DeviceFactory* devices = nullptr;

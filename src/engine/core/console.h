@@ -19,6 +19,10 @@
 #include "engine/showfiles/show_files.h"
 #include "engine/core/named_values.h"
 #include "engine/media/media_player.h"
+#include "engine/playback/fade_times.h"
+#include "engine/playback/memories.h"
+#include "engine/playback/times_graph.h"
+#include "engine/playback/transport.h"
 #include "engine/core/scheduler.h"
 #include "engine/core/settings.h"
 #include "engine/core/variables.h"
@@ -102,6 +106,11 @@ class Console {
   MidiControl midi{*this};
   Keypad keypad{*this};
   ShowFiles files{*this};
+  // Playback: the times of the coming fade, their graph, the memory panels, the transport.
+  FadeTimes fadeTimes{*this};
+  TimesGraph timesGraph{*this};
+  Memories memories{*this};
+  Transport transport{*this};
 
  private:
   void wireMainMenu();
