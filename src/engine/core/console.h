@@ -8,6 +8,7 @@
 #include <string>
 
 #include "engine/controls/registry.h"
+#include "engine/core/common_dialog.h"
 #include "engine/core/dialogs.h"
 #include "engine/core/main_window.h"
 #include "engine/core/live_display.h"
@@ -18,6 +19,8 @@
 #include "engine/interfaces/interface_layer.h"
 #include "engine/showfiles/show_files.h"
 #include "engine/core/named_values.h"
+#include "engine/core/process_launcher.h"
+#include "engine/playback/cue_functions.h"
 #include "engine/media/media_player.h"
 #include "engine/playback/fade_times.h"
 #include "engine/playback/memories.h"
@@ -43,6 +46,8 @@ struct ConsoleHost {
   MediaPlayer* players[2] = {nullptr, nullptr};
   // The output adapters: FTDI chips, serial ports, OLA. Null finds no device.
   DeviceFactory* devices = nullptr;
+  // Starts the programs that cues name; without it such a cue shows an error.
+  ProcessLauncher* processes = nullptr;
   // The MIDI input and output ports; none means no MIDI device.
   MidiInPort* midiIn = nullptr;
   MidiOutPort* midiOut = nullptr;
@@ -97,6 +102,8 @@ class Console {
   Scheduler scheduler;
   MainWindow form1;
   Settings settings{*this};
+  // The main window's shared file chooser.
+  CommonDialog CDialog1{*host_.dialogs};
   // Subsystems, each owning the controls of its own panel, follow here.
   Mixer mixer{*this};
   LiveDisplay liveDisplay{*this};
@@ -111,6 +118,8 @@ class Console {
   TimesGraph timesGraph{*this};
   Memories memories{*this};
   Transport transport{*this};
+  // What rows that are no memory cues do; hooks into the memories above.
+  CueFunctions cueFunctions{*this};
 
  private:
   void wireMainMenu();

@@ -1,16 +1,21 @@
 #pragma once
-// The show-file operations as the file menu, the drops and the command
-// language reach them.
+// The show-file operations as the operator reaches them: the file menu, the
+// recent list, the channel clipboard and channel files, a file dropped on
+// the main window, and the command language's load and save. Every failure
+// of a reader or writer ends here as the error box; the console goes on
+// with what was applied before the bad line.
 
+#include <functional>
 #include <string>
 
 namespace q {
 
 class Console;
+class FileError;
 
 class ShowFiles {
  public:
-  explicit ShowFiles(Console& c) : c_(c) {}
+  explicit ShowFiles(Console& c);
   // kind: show, cuelist, submasters, chaser1, chaser2, patch, channels.
   // False when the kind is unknown. A reader's failure is shown as a message box.
   bool load(const std::string& kind, const std::string& path);
@@ -18,8 +23,40 @@ class ShowFiles {
   // A file dropped on the main window with the left button.
   void dropOnForm1(const std::string& path);
 
+  // Runs a reader or writer on path; a failure becomes the error box. False when it failed.
+  bool tryLoad(const std::string& path, const std::function<void()>& read);
+  bool trySave(const std::string& path, const std::function<void()>& write);
+
+  // The file menu.
+  void mnuOpen();
+  void mnuSaveAs();
+  void mnuSaveSubmastersAs();
+  void mnuRecent(int index);
+  // Enters a name in the recent list and the settings file.
+  void AddRecent(const std::string& name);
+
+  // The channel clipboard and channel files, all on the EditColumn.
+  void mnuChanCopy();
+  void mnuChanCut();
+  void mnuChanPaste();
+  void mnuChanZero();
+  void mnuLoadChan();
+  void mnuSaveChan();
+
+  // Files in the program's own folder.
+  std::string channelClipboardPath() const;  // temp.qch
+  std::string cueClipboardPath() const;      // tempcue.qcl
+  std::string printListPath() const;         // temp.qcl
+
+  // The cue list's current file name: the last one loaded or saved.
+  std::string cueListFileName;
+  // The matrix view repaints its column when a menu here changed it.
+  std::function<void()> onColumnChanged;
+
  private:
-  [[maybe_unused]] Console& c_;
+  void showError(const std::string& text);
+  void columnChanged();
+  Console& c_;
 };
 
 }  // namespace q

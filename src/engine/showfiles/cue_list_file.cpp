@@ -1,0 +1,220 @@
+// The cue list file (.qcl): rows 1..CueCount of Cues under the show's name
+// and date. Values are kept as the text that stood in the file; only the
+// channel levels become bytes.
+
+#include <array>
+
+#include "engine/core/console.h"
+#include "engine/showfiles/file_numbers.h"
+#include "engine/showfiles/line_file.h"
+#include "engine/showfiles/show_formats.h"
+#include "engine/showfiles/text_codec.h"
+
+namespace q {
+
+namespace {
+constexpr int16_t kNumberCol = 513, kFunctionCol = 514, kWaitUpCol = 515, kNameCol = 520,
+                  kVarCol = 521, kAutoGoCol = 522, kLastCueCol = 535;
+
+// The optional lines, written as numbers and only when their cell is filled.
+struct OptionalLine {
+  const char* keyword;
+  int16_t column;
+};
+constexpr std::array<OptionalLine, 13> kOptional = {{{"AUTOGO:", 522},
+                                                     {"PLR1:", 523},
+                                                     {"VOL1:", 524},
+                                                     {"PAN1:", 525},
+                                                     {"PLR2:", 526},
+                                                     {"VOL2:", 527},
+                                                     {"PAN2:", 528},
+                                                     {"FX1:", 529},
+                                                     {"FX1L:", 530},
+                                                     {"FX1S:", 531},
+                                                     {"FX2:", 532},
+                                                     {"FX2L:", 533},
+                                                     {"FX2S:", 534}}};
+
+// A cell's text read as a number the lenient way, as the optional lines carry it.
+std::string numberText(const Value& v) {
+  if (const auto* s = std::get_if<std::string>(&v)) return shortestText(leadingOf(*s));
+  return shortestText(numberOr0(v));
+}
+
+void writeLevels(TextOut& out, const CSparseMatrix& cues, int16_t row, int maxChans) {
+  std::string& raw = out.raw();
+  raw += "CHAN:";
+  for (int ch = 1; ch <= maxChans; ++ch) {
+    if (cues.cellIsEmpty(row, int16_t(ch))) continue;
+    const Value v = cues.Cell(row, int16_t(ch));
+    if (const auto* b = std::get_if<uint8_t>(&v))
+      appendPair(raw, ch, *b);
+    else
+      appendPair(raw, ch, utf8ToCp1252(toText(v)));
+  }
+  out.endLine();
+}
+
+void writeCue(TextOut& out, const Variables& v, int16_t row, bool clipboard) {
+  const CSparseMatrix& cues = v.Cues;
+  out.line("MEM:", toText(cues.Cell(row, kNumberCol)));
+  out.line("FUNCTION:", toText(cues.Cell(row, kFunctionCol)));
+  std::string times;
+  for (int16_t col = kWaitUpCol; col < kWaitUpCol + 4; ++col) times += toText(cues.Cell(row, col)) + ",";
+  out.line("TIMES:", times);
+  out.line("NAME:", toText(cues.Cell(row, kNameCol)));
+  const Value var = cues.Cell(row, kVarCol);
+  if (clipboard) out.line("VAR:");
+  if (!isEmpty(var)) out.line("VAR:", toText(var));
+  for (const auto& o : kOptional) {
+    const Value cell = cues.Cell(row, o.column);
+    if (!isEmpty(cell)) out.line(o.keyword, numberText(cell));
+  }
+  writeLevels(out, cues, row, v.MaxChans);
+  out.rule();
+}
+
+// How a line of a cue list is taken: by its first four characters.
+enum class Key { Show, Date, Mem, Store, StoreIfAny, Times, Chan };
+struct KeyRule {
+  const char* prefix;
+  Key key;
+  size_t cut;
+  int16_t column;
+};
+constexpr std::array<KeyRule, 21> kKeys = {{{"SHOW", Key::Show, 5, 0},
+                                            {"DATE", Key::Date, 5, 0},
+                                            {"MEM:", Key::Mem, 4, kNumberCol},
+                                            {"FUNC", Key::Store, 9, kFunctionCol},
+                                            {"TIME", Key::Times, 6, kWaitUpCol},
+                                            {"NAME", Key::Store, 5, kNameCol},
+                                            {"VAR:", Key::StoreIfAny, 4, kVarCol},
+                                            {"AUTO", Key::Store, 7, kAutoGoCol},
+                                            {"CHAN", Key::Chan, 5, 0},
+                                            {"PLR1", Key::Store, 5, 523},
+                                            {"VOL1", Key::Store, 5, 524},
+                                            {"PAN1", Key::Store, 5, 525},
+                                            {"PLR2", Key::Store, 5, 526},
+                                            {"VOL2", Key::Store, 5, 527},
+                                            {"PAN2", Key::Store, 5, 528},
+                                            {"FX1:", Key::Store, 4, 529},
+                                            {"FX1L", Key::Store, 5, 530},
+                                            {"FX1S", Key::Store, 5, 531},
+                                            {"FX2:", Key::Store, 4, 532},
+                                            {"FX2L", Key::Store, 5, 533},
+                                            {"FX2S", Key::Store, 5, 534}}};
+
+const KeyRule* ruleFor(const std::string& line, bool withHeader) {
+  if (line.size() < 4) return nullptr;
+  for (const auto& k : kKeys)
+    if (line.compare(0, 4, k.prefix) == 0) {
+      if (!withHeader && (k.key == Key::Show || k.key == Key::Date)) return nullptr;
+      return &k;
+    }
+  return nullptr;
+}
+
+void readTimes(const LineReader& r, std::string_view rest, CSparseMatrix& cues, int16_t row) {
+  for (int16_t col = kWaitUpCol; col < kWaitUpCol + 4; ++col) {
+    const size_t comma = rest.find(',');
+    if (comma == std::string_view::npos) r.fail("times without a comma after each value");
+    cues.setCell(row, col, cp1252ToUtf8(rest.substr(0, comma)));
+    rest.remove_prefix(comma + 1);
+  }
+}
+
+// The rows are always the last one a "MEM:" line opened, so the other lines
+// of a cue may come in any order; lines before the first "MEM:" go to row 0.
+void readCueLines(Console& c, LineReader& r, bool withHeader) {
+  Variables& v = c.v;
+  while (r.next()) {
+    const KeyRule* k = ruleFor(r.line(), withHeader);
+    if (!k) continue;
+    const std::string_view rest = r.rest(k->cut);
+    const int16_t row = v.CueCount;
+    switch (k->key) {
+      case Key::Show: setCueListShowName(c, cp1252ToUtf8(rest)); break;
+      case Key::Date: setCueListShowDate(c, cp1252ToUtf8(rest)); break;
+      case Key::Mem:
+        if (v.CueCount == INT16_MAX) r.fail("more than 32767 cues");
+        ++v.CueCount;
+        v.Cues.setCell(v.CueCount, k->column, cp1252ToUtf8(rest));
+        break;
+      case Key::StoreIfAny:
+        if (rest.empty()) break;
+        [[fallthrough]];
+      case Key::Store: v.Cues.setCell(row, k->column, cp1252ToUtf8(rest)); break;
+      case Key::Times: readTimes(r, rest, v.Cues, row); break;
+      case Key::Chan:
+        readPairs(r, rest, INT16_MIN, INT16_MAX, [&](long ch, uint8_t level) {
+          v.Cues.setCell(row, int16_t(ch), level);
+        });
+        break;
+    }
+  }
+}
+
+void wipeCues(Variables& v) {
+  for (int row = 1; row <= v.CueCount; ++row)
+    for (int col = 1; col <= kLastCueCol; ++col) v.Cues.setCell(int16_t(row), int16_t(col), Value{});
+  v.CueCount = 0;
+}
+}  // namespace
+
+std::string cueListShowName(Console& c) {
+  if (auto* t = c.registry.has("Cuewin.txt_Show") ? c.registry.find<TextBox>("Cuewin.txt_Show") : nullptr)
+    return t->text();
+  return c.v.ShowName;
+}
+
+std::string cueListShowDate(Console& c) {
+  if (auto* t = c.registry.has("Cuewin.txt_Date") ? c.registry.find<TextBox>("Cuewin.txt_Date") : nullptr)
+    return t->text();
+  return c.v.ShowDate;
+}
+
+void setCueListShowName(Console& c, const std::string& text) {
+  c.v.ShowName = text;
+  if (c.registry.has("Cuewin.txt_Show")) c.registry.find<TextBox>("Cuewin.txt_Show")->setText(text);
+}
+
+void setCueListShowDate(Console& c, const std::string& text) {
+  c.v.ShowDate = text;
+  if (c.registry.has("Cuewin.txt_Date")) c.registry.find<TextBox>("Cuewin.txt_Date")->setText(text);
+}
+
+void LoadCueList(Console& c, const std::string& path) {
+  c.files.cueListFileName = path;
+  // Opened before the wipe: a file that isn't there leaves the list as it was.
+  LineReader r(path);
+  wipeCues(c.v);
+  readCueLines(c, r, true);
+}
+
+void SaveCueList(Console& c, const std::string& path) {
+  c.files.cueListFileName = path;
+  TextOut out;
+  out.rule();
+  out.line("SHOW:", cueListShowName(c));
+  out.line("DATE:", cueListShowDate(c));
+  out.rule();
+  for (int row = 1; row <= c.v.CueCount; ++row) writeCue(out, c.v, int16_t(row), false);
+  out.save(path);
+}
+
+void SaveCueClipboard(Console& c, const std::string& path, int16_t row) {
+  TextOut out;
+  out.rule();
+  out.line("NAME:", cueListShowName(c));
+  out.line("DATE:", cueListShowDate(c));
+  out.rule();
+  writeCue(out, c.v, row, true);
+  out.save(path);
+}
+
+void PasteCueClipboard(Console& c, const std::string& path) {
+  LineReader r(path);
+  readCueLines(c, r, false);
+}
+
+}  // namespace q

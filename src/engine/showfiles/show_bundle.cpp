@@ -1,0 +1,78 @@
+// The show bundle: an index (.qsh) that names five companions by their full
+// paths as they stood at the save. Saving writes the companions first and
+// the index last; loading reads the index and loads each companion as its
+// line comes up, the index staying open meanwhile.
+
+#include <array>
+
+#include "engine/core/console.h"
+#include "engine/showfiles/file_error.h"
+#include "engine/showfiles/line_file.h"
+#include "engine/showfiles/show_formats.h"
+#include "engine/showfiles/text_codec.h"
+
+namespace q {
+
+void SaveShow(Console& c, const std::string& path) {
+  // The base is the name less its last four characters, extension or not.
+  std::string base = path;
+  if (!dropLastChars(base, 4)) throw FileError(path, 0, "file name shorter than four characters");
+  // The index names its companions in the show files' code page.
+  if (!fitsCp1252(base)) throw FileError(path, 0, "file name has characters a show file can't hold");
+  SaveChaser(c, base + "1.qfx", 0, c.v.FXRandom[0]);
+  SaveChaser(c, base + "2.qfx", 1, c.v.FXRandom[1]);
+  SaveCueList(c, base + ".qcl");
+  SaveSubmasters(c, base + ".qsm");
+  SavePatch(c, base + ".qpf");
+  TextOut out;
+  out.rule();
+  out.line("NAME:", c.v.ShowName);
+  out.line("DATE:", c.v.ShowDate);
+  out.rule();
+  out.line("SUBMASTERS:", base + ".qsm");
+  out.line("CUELIST:", base + ".qcl");
+  out.line("FX1:", base + "1.qfx");
+  out.line("FX2:", base + "2.qfx");
+  out.line("PATCH:", base + ".qpf");
+  out.save(path);
+}
+
+namespace {
+enum class Key { Name, Date, Submasters, CueList, Chaser1, Chaser2, Patch };
+struct KeyRule {
+  const char* prefix;
+  Key key;
+  size_t cut;
+};
+constexpr std::array<KeyRule, 7> kKeys = {{{"NAM", Key::Name, 5},
+                                           {"DAT", Key::Date, 5},
+                                           {"SUB", Key::Submasters, 11},
+                                           {"CUE", Key::CueList, 8},
+                                           {"FX1", Key::Chaser1, 4},
+                                           {"FX2", Key::Chaser2, 4},
+                                           {"PAT", Key::Patch, 6}}};
+}  // namespace
+
+void LoadShow(Console& c, const std::string& path) {
+  LineReader index(path);
+  while (index.next()) {
+    const std::string& line = index.line();
+    if (line.size() < 3) continue;
+    for (const auto& k : kKeys) {
+      if (line.compare(0, 3, k.prefix) != 0) continue;
+      const std::string value = index.restText(k.cut);
+      switch (k.key) {
+        case Key::Name: c.v.ShowName = value; break;
+        case Key::Date: c.v.ShowDate = value; break;
+        case Key::Submasters: LoadSubmasters(c, value); break;
+        case Key::CueList: LoadCueList(c, value); break;
+        case Key::Chaser1: LoadChaser(c, value, 0); break;
+        case Key::Chaser2: LoadChaser(c, value, 1); break;
+        case Key::Patch: LoadPatch(c, value); break;
+      }
+      break;
+    }
+  }
+}
+
+}  // namespace q
