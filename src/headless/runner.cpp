@@ -19,6 +19,7 @@
 #include "headless/interpreter.h"
 #include "headless/options.h"
 #include "platform/dmx_devices.h"
+#include "platform/process/posix_process_launcher.h"
 #include "platform/program_folder.h"
 
 namespace q {
@@ -155,6 +156,8 @@ int runHeadless(int argc, char** argv) {
   host.homeDir = home;
   host.commandLine = opt.commandLine;
   host.devices = &realDevices();
+  PosixProcessLauncher processes;
+  host.processes = &processes;
   Console console(host);
   // The interpreter exists before start-up, so boxes shown while starting are printed too.
   Interpreter interpreter(console, dialogs, opt.virtualClock ? &virtualClock : nullptr, std::cout);
