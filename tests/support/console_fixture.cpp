@@ -26,6 +26,7 @@ Console& ConsoleFixture::console() {
     host.homeDir = home_.string();
     host.commandLine = commandLine;
     host.devices = devices;
+    host.processes = processes;
     host.players[0] = players[0];
     host.players[1] = players[1];
     console_ = std::make_unique<Console>(host);

@@ -35,6 +35,8 @@ class ConsoleFixture : public ::testing::Test {
   std::string commandLine = "quintara";
   // The output adapters the console finds; null finds none.
   DeviceFactory* devices = nullptr;
+  // Starts the programs cues name; null refuses every start.
+  ProcessLauncher* processes = nullptr;
 
  private:
   std::filesystem::path home_;
