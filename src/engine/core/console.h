@@ -13,6 +13,8 @@
 #include "engine/core/main_window.h"
 #include "engine/core/live_display.h"
 #include "engine/core/mixer.h"
+#include "engine/chasers/chaser_engine.h"
+#include "engine/input/direct_command.h"
 #include "engine/input/keyboard_control.h"
 #include "engine/input/keypad.h"
 #include "engine/input/midi_control.h"
@@ -30,6 +32,7 @@
 #include "engine/core/settings.h"
 #include "engine/core/variables.h"
 #include "engine/look/skin_colors.h"
+#include "engine/submasters/submaster_bank.h"
 
 namespace q {
 
@@ -120,6 +123,10 @@ class Console {
   Transport transport{*this};
   // What rows that are no memory cues do; hooks into the memories above.
   CueFunctions cueFunctions{*this};
+  // The chasers, the twenty strips and the direct command line.
+  ChaserEngine chasers{*this};
+  SubmasterBank submasters{*this};
+  DirectCommand direct{*this};
 
  private:
   void wireMainMenu();

@@ -1,0 +1,69 @@
+#pragma once
+// Config ("SliderConfig"): the dialog that sets one strip's function, MIDI
+// controller, tooltip and knob. It keeps nothing of its own: it reads the
+// strip when it loads, writes it back on APPLY and unloads. It works on the
+// strip EditColumn, read afresh at load and at APPLY, like the rest of the
+// desk; the console runs on behind it.
+
+#include <array>
+
+#include "engine/controls/window.h"
+
+namespace q {
+
+class Console;
+
+// A picture box of the dialog that can carry a selection border.
+class ChoiceImage : public Lamp {
+ public:
+  using Lamp::Lamp;
+  bool border() const { return border_; }
+  void setBorder(bool b) {
+    if (b == border_) return;
+    border_ = b;
+    notifyView();
+  }
+
+ private:
+  bool border_ = false;
+};
+
+class FaderConfig : public Window {
+ public:
+  explicit FaderConfig(Console& c);
+
+  // Shows the dialog, loading it from the selected strip unless it is already open.
+  void open();
+  // Reads the strip EditColumn into the dialog.
+  void load();
+  // Commits the dialog to the strip EditColumn and unloads it. A controller
+  // that is no number from 0 to 255 stops it after the function, the fader
+  // and the tooltip have been written; the dialog then stays.
+  void apply();
+  void unload();
+  bool loaded() const { return loaded_; }
+
+  void knobClick(int index);   // 1..4
+  void colorClick(int index);  // 0..4
+
+  ListBox& Tipus;
+  TextBox& txtMidiChannel;
+  TextBox& Tooltip;
+  Label& APPLY;
+  ChoiceImage& PicColor(int i) { return *colors_.at(i); }
+  ChoiceImage& Knob(int i) { return *knobs_.at(i - 1); }
+
+  int SelectedColor = 0;
+  int SelectedKnob = 0;
+
+ private:
+  bool applyController(int n);
+  void placeFader(int n, const std::string& word);
+
+  Console& c_;
+  std::array<ChoiceImage*, 5> colors_{};
+  std::array<ChoiceImage*, 4> knobs_{};
+  bool loaded_ = false;
+};
+
+}  // namespace q
