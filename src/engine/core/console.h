@@ -31,6 +31,7 @@
 #include "engine/core/scheduler.h"
 #include "engine/core/settings.h"
 #include "engine/core/variables.h"
+#include "engine/look/look.h"
 #include "engine/look/skin_colors.h"
 #include "engine/submasters/submaster_bank.h"
 
@@ -127,6 +128,8 @@ class Console {
   ChaserEngine chasers{*this};
   SubmasterBank submasters{*this};
   DirectCommand direct{*this};
+  // The skin, the pieces cut from it and the desk's zoom.
+  Look look{*this};
 
  private:
   void wireMainMenu();
