@@ -1,0 +1,167 @@
+// The desk's process: builds the console with the Qt side of the outside
+// world (clock, dialogs, players), puts the desk on screen and runs the event
+// loop. All console logic is in the engine; this file wires and starts.
+
+#include "gui/app.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QPointer>
+#include <QSocketNotifier>
+#include <QTimer>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <unistd.h>
+
+#include "engine/core/console.h"
+#include "gui/desk_context.h"
+#include "gui/desk_options.h"
+#include "gui/desk_player.h"
+#include "gui/form1.h"
+#include "gui/qt_dialogs.h"
+#include "gui/remote_port.h"
+#include "gui/splash_screen.h"
+#include "gui/timer_driver.h"
+#include "platform/program_folder.h"
+
+namespace q {
+
+namespace {
+
+constexpr int kSplashMs = 2500;
+constexpr int kScreenshotSettleMs = 700;  // a few output ticks: the live display is drawn
+constexpr double kScreenshotZoom = 1.5;
+
+int signalPipe[2] = {-1, -1};
+
+// Ctrl-C or a service manager's stop ends the desk as the end of the loop
+// does: the settings are written and the interface is stopped.
+void watchSignals(QObject* parent) {
+  if (::pipe(signalPipe) != 0) return;
+  struct sigaction sa {};
+  sa.sa_handler = [](int) {
+    const char b = 1;
+    [[maybe_unused]] auto n = ::write(signalPipe[1], &b, 1);
+  };
+  sigemptyset(&sa.sa_mask);
+  sigaction(SIGINT, &sa, nullptr);
+  sigaction(SIGTERM, &sa, nullptr);
+  auto* n = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, parent);
+  QObject::connect(n, &QSocketNotifier::activated, qApp, [] { QCoreApplication::exit(0); });
+}
+
+bool wantsScreenshot(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i)
+    if (!std::strcmp(argv[i], "--screenshot")) return true;
+  return false;
+}
+
+int saveScreenshot(gui::Form1& form, const std::string& file) {
+  const QPixmap shot = form.grab();
+  if (shot.isNull() || !shot.save(QString::fromStdString(file), "PNG")) {
+    std::fprintf(stderr, "quintara: cannot write the picture %s\n", file.c_str());
+    return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+int runDesk(int argc, char** argv) {
+  // A picture of the desk needs no screen.
+  if (wantsScreenshot(argc, argv) && !std::getenv("QT_QPA_PLATFORM"))
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  QApplication app(argc, argv);
+  QApplication::setApplicationName("Quintara");
+  QApplication::setOrganizationName("Quintara");
+  const gui::DeskOptions opt = gui::parseDeskOptions(argc, argv);
+  if (!opt.error.empty()) {
+    std::fprintf(stderr, "quintara: %s\n", opt.error.c_str());
+    return 1;
+  }
+  const bool screenshot = !opt.screenshot.empty();
+  const std::string home = opt.home.empty() ? programFolder() : opt.home;
+  std::error_code ec;
+  std::filesystem::create_directories(home, ec);
+  // A file named on the command line is opened as the operator would drop it,
+  // from wherever the desk was started.
+  const std::string file =
+      opt.file.empty() ? std::string() : QFileInfo(QString::fromStdString(opt.file))
+                                             .absoluteFilePath()
+                                             .toStdString();
+
+  SteadyClock clock;
+  gui::QtDialogs dialogs;
+  gui::DeskPlayer player0, player1;
+  gui::DeskPlayer* players[2] = {&player0, &player1};
+  ConsoleHost host;
+  host.clock = &clock;
+  host.dialogs = &dialogs;
+  host.homeDir = home;
+  host.commandLine = opt.commandLine;
+  host.players[0] = &player0;
+  host.players[1] = &player1;
+  Console console(host);
+  console.look.shippedSkinDirs.insert(console.look.shippedSkinDirs.begin(),
+                                      sharedDataDir() + "/skins");
+
+  gui::DeskContext ctx(console);
+  console.look.setPicture(&ctx.sheet);
+  gui::TimerDriver driver(console.scheduler);
+  gui::Form1 form(ctx, players);
+  if (screenshot) form.setZoomOverride(opt.zoom > 0 ? opt.zoom : kScreenshotZoom);
+  else if (opt.zoom > 0) form.setZoomOverride(opt.zoom);
+  dialogs.setParent(&form);
+  watchSignals(&app);
+
+  gui::SplashScreen* splash = nullptr;
+  if (!screenshot && !console.hasSwitch("-nosplash")) {
+    splash = new gui::SplashScreen;
+    QObject::connect(splash, &gui::SplashScreen::dismissed, &form, [&console, &form] {
+      console.dismissSplash();
+      form.raise();
+      form.activateWindow();
+    });
+    splash->show();
+    app.processEvents();
+  }
+  console.start();
+  if (splash) {
+    QPointer<gui::SplashScreen> s(splash);
+    QTimer::singleShot(kSplashMs, &form, [s, &console] {
+      if (s) s->close();
+      console.dismissSplash();
+    });
+    QObject::connect(&form, &gui::Form1::closing, &form, [s] {
+      if (s) s->close();
+    });
+  }
+  if (!file.empty()) console.files.dropOnForm1(file);
+
+  std::unique_ptr<gui::RemotePort> port;
+  if (!opt.listen.empty()) {
+    port = std::make_unique<gui::RemotePort>(console, dialogs);
+    std::string error;
+    if (!port->listen(opt.listen, error))
+      std::fprintf(stderr, "quintara: the remote port can't listen: %s\n", error.c_str());
+    QObject::connect(port.get(), &gui::RemotePort::consoleClosed, &form, &QWidget::close);
+  }
+
+  if (screenshot) {
+    int result = 1;
+    QTimer::singleShot(kScreenshotSettleMs, &form, [&] {
+      result = saveScreenshot(form, opt.screenshot);
+      QCoreApplication::exit(0);
+    });
+    app.exec();
+    return result;
+  }
+  const int status = app.exec();
+  if (!console.closed()) console.unload();
+  return status;
+}
+
+}  // namespace q

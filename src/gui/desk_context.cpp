@@ -1,0 +1,50 @@
+#include "gui/desk_context.h"
+
+#include <cmath>
+
+#include "engine/controls/control.h"
+
+namespace q::gui {
+
+void DeskContext::setZoom(double z) {
+  if (z == zoom_) return;
+  zoom_ = z;
+  sheet.clearCache();
+}
+
+QRect DeskContext::place(const look::PixelRect& r) const {
+  // Edges are rounded, not sizes, so neighbours stay touching at every zoom.
+  const int x0 = int(std::lround(r.left * zoom_));
+  const int y0 = int(std::lround(r.top * zoom_));
+  const int x1 = int(std::lround(r.right() * zoom_));
+  const int y1 = int(std::lround(r.bottom() * zoom_));
+  return QRect(x0, y0, std::max(1, x1 - x0), std::max(1, y1 - y0));
+}
+
+QSize DeskContext::scaled(int w, int h) const {
+  return QSize(std::max(1, int(std::lround(w * zoom_))), std::max(1, int(std::lround(h * zoom_))));
+}
+
+QFont DeskContext::font(double px, bool bold, bool condensed) const {
+  QFont f(condensed ? QStringLiteral("DejaVu Sans Condensed") : QStringLiteral("DejaVu Sans"));
+  f.setStyleHint(QFont::SansSerif);
+  f.setPixelSize(std::max(6, int(std::lround(px * zoom_))));
+  f.setBold(bold);
+  return f;
+}
+
+ViewBinding::ViewBinding(Control* c, std::function<void()> onChange) {
+  bind(c, std::move(onChange));
+}
+
+void ViewBinding::bind(Control* c, std::function<void()> onChange) {
+  if (control_) control_->removeViewListener(id_);
+  control_ = c;
+  id_ = c ? c->addViewListener(std::move(onChange)) : 0;
+}
+
+ViewBinding::~ViewBinding() {
+  if (control_) control_->removeViewListener(id_);
+}
+
+}  // namespace q::gui

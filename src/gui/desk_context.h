@@ -1,0 +1,65 @@
+#pragma once
+// What every widget of the desk shares: the console it shows, the skin it is
+// cut from, and the zoom at which the fixed layout is drawn. The layout is in
+// skin pixels; the whole desk scales by one factor.
+
+#include <QColor>
+#include <QFont>
+#include <QObject>
+#include <QRect>
+#include <functional>
+
+#include "engine/look/skin_pieces.h"
+#include "gui/skin_sheet.h"
+
+namespace q {
+class Console;
+class Control;
+}
+
+namespace q::gui {
+
+class DeskContext : public QObject {
+  Q_OBJECT
+ public:
+  explicit DeskContext(Console& c) : console(c) {}
+
+  Console& console;
+  SkinSheet sheet;
+
+  double zoom() const { return zoom_; }
+  void setZoom(double z);
+
+  // A skin rectangle on the screen, and a skin size at the zoom.
+  QRect place(const look::PixelRect& r) const;
+  QSize scaled(int w, int h) const;
+  // The desk's type at a height given in skin pixels.
+  QFont font(double px, bool bold = false, bool condensed = false) const;
+  static QColor colour(int rgb) { return QColor::fromRgb(QRgb(0xFF000000u | unsigned(rgb))); }
+
+  // Tells every widget to cut its pictures again and take its new place.
+  void reskin() { emit reskinned(); }
+
+ signals:
+  void reskinned();
+
+ private:
+  double zoom_ = 1;
+};
+
+// Keeps a widget's view listener on a control for as long as the widget lives.
+class ViewBinding {
+ public:
+  ViewBinding() = default;
+  ViewBinding(Control* c, std::function<void()> onChange);
+  ~ViewBinding();
+  ViewBinding(const ViewBinding&) = delete;
+  ViewBinding& operator=(const ViewBinding&) = delete;
+  void bind(Control* c, std::function<void()> onChange);
+
+ private:
+  Control* control_ = nullptr;
+  int id_ = 0;
+};
+
+}  // namespace q::gui

@@ -1,0 +1,104 @@
+#include "gui/picture_views.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <cmath>
+
+#include "engine/controls/picture.h"
+#include "engine/core/console.h"
+#include "gui/image_button.h"
+
+namespace q::gui {
+
+namespace {
+// The live display's units: slots of 25 across, texts 16 high, bars rising
+// from 14 by a tenth of the level.
+constexpr double kTextHeight = 16;
+constexpr double kBarBase = 14;
+constexpr double kFullBar = 25.5;
+
+QColor itemColour(const DrawItem& it) { return DeskContext::colour(it.color); }
+}  // namespace
+
+LiveDisplayView::LiveDisplayView(DeskContext& ctx, Picture& model, const look::DeskItem& item,
+                                 QWidget* parent)
+    : QWidget(parent), ctx_(ctx), model_(model), item_(item) {
+  setObjectName(QString::fromStdString(item.control));
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  binding_.bind(&model_, [this] {
+    ++refreshes_;
+    update();
+  });
+}
+
+void LiveDisplayView::paintEvent(QPaintEvent*) {
+  QPainter p(this);
+  p.drawPixmap(0, 0, ctx_.sheet.cut(item_.rect, size()));
+  const double sx = double(width()) / item_.rect.width;
+  const double sy = double(height()) / item_.rect.height;
+  // Bars are drawn on the whole height of the strip: the base at the bottom, full at the top.
+  const double barScale = (height() - 2) / kFullBar;
+  auto barY = [&](double u) { return height() - 1 - (kBarBase - u) * barScale; };
+  p.setFont(ctx_.font(13, true, true));
+  for (const DrawItem& it : model_.items()) {
+    switch (it.kind) {
+      case DrawItem::Kind::Text:
+        p.setPen(itemColour(it));
+        p.drawText(QRectF(it.x * sx, it.y * sy, 25 * sx, kTextHeight * sy),
+                   Qt::AlignLeft | Qt::AlignVCenter, QString::fromStdString(it.text));
+        break;
+      case DrawItem::Kind::Box: {
+        const double y0 = barY(it.y), y1 = barY(it.y + it.h);
+        p.fillRect(QRectF(it.x * sx, std::min(y0, y1), std::max(1.0, it.w * sx - 1),
+                          std::abs(y1 - y0)),
+                   itemColour(it));
+        break;
+      }
+      case DrawItem::Kind::Line:
+        p.setPen(itemColour(it));
+        p.drawLine(QPointF(it.x * sx, it.y * sy), QPointF((it.x + it.w) * sx, (it.y + it.h) * sy));
+        break;
+    }
+  }
+}
+
+void LiveDisplayView::mousePressEvent(QMouseEvent* e) {
+  if (int b = consoleButton(e->button())) model_.mouseDown(MouseButton(b));
+}
+
+void LiveDisplayView::mouseReleaseEvent(QMouseEvent* e) {
+  if (int b = consoleButton(e->button())) model_.mouseUp(MouseButton(b));
+}
+
+TimesGraphView::TimesGraphView(DeskContext& ctx, Picture& model, LineShape* posLine,
+                               const look::DeskItem& item, QWidget* parent)
+    : QWidget(parent), ctx_(ctx), model_(model), posLine_(posLine), item_(item) {
+  setObjectName(QString::fromStdString(item.control));
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  binding_.bind(&model_, [this] { update(); });
+  lineBinding_.bind(posLine_, [this] { update(); });
+}
+
+void TimesGraphView::paintEvent(QPaintEvent*) {
+  QPainter p(this);
+  p.drawPixmap(0, 0, ctx_.sheet.cut(item_.rect, size()));
+  const double scaleWidth = std::max(1e-6, double(ctx_.console.timesGraph.scaleWidth()));
+  const double sx = width() / scaleWidth;
+  const double sy = double(height()) / TimesGraph::kScaleHeight;
+  for (const DrawItem& it : model_.items()) {
+    if (it.kind != DrawItem::Kind::Box) continue;
+    QRectF r(it.x * sx, it.y * sy, it.w * sx, it.h * sy);
+    r = r.normalized();
+    // A fade of no time is a step: it shows as a hairline at its moment.
+    if (r.width() < 1) r.setWidth(1);
+    p.fillRect(r, itemColour(it));
+  }
+  if (posLine_) {
+    const double x = posLine_->x1 * sx;
+    p.setPen(QPen(QColor(255, 255, 255, 220), std::max(1.0, ctx_.zoom())));
+    p.drawLine(QPointF(x, posLine_->y1 * sy), QPointF(x, height()));
+  }
+}
+
+}  // namespace q::gui

@@ -1,0 +1,61 @@
+#pragma once
+// The two drawing surfaces of the main window. Both paint the items the
+// console drew into its picture, over the skin under them.
+// - The live display (Picture1): texts on a grid of 25-unit slots, or a bar
+//   per channel growing upward; a right click goes to the console, which
+//   pops up the screen menu.
+// - The times graph (picTimes): two bars on a time axis as wide as the
+//   graph's scale, 15 units high, and PosLine running along it.
+
+#include <QWidget>
+
+#include "engine/look/desk_layout.h"
+#include "gui/desk_context.h"
+
+namespace q {
+class Picture;
+class LineShape;
+}  // namespace q
+
+namespace q::gui {
+
+class LiveDisplayView : public QWidget {
+  Q_OBJECT
+ public:
+  LiveDisplayView(DeskContext& ctx, Picture& model, const look::DeskItem& item, QWidget* parent);
+
+  // How many times the view was asked to repaint by the console (for the frame measurements).
+  int refreshes() const { return refreshes_; }
+
+ protected:
+  void paintEvent(QPaintEvent*) override;
+  void mousePressEvent(QMouseEvent* e) override;
+  void mouseReleaseEvent(QMouseEvent* e) override;
+
+ private:
+  DeskContext& ctx_;
+  Picture& model_;
+  const look::DeskItem& item_;
+  ViewBinding binding_;
+  int refreshes_ = 0;
+};
+
+class TimesGraphView : public QWidget {
+  Q_OBJECT
+ public:
+  TimesGraphView(DeskContext& ctx, Picture& model, LineShape* posLine, const look::DeskItem& item,
+                 QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent*) override;
+
+ private:
+  DeskContext& ctx_;
+  Picture& model_;
+  LineShape* posLine_;
+  const look::DeskItem& item_;
+  ViewBinding binding_;
+  ViewBinding lineBinding_;
+};
+
+}  // namespace q::gui

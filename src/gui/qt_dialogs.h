@@ -1,0 +1,37 @@
+#pragma once
+// The console's modal dialogs as Qt shows them: message box, input box, file
+// chooser, font and colour choosers. While one is open the desk's event loop
+// runs inside it; the remote port waits for it to close before it runs more
+// commands.
+
+#include <QPointer>
+#include <QWidget>
+
+#include "engine/core/dialogs.h"
+
+namespace q::gui {
+
+class QtDialogs : public Dialogs {
+ public:
+  // The window the dialogs belong to; may change (splash, then the desk).
+  void setParent(QWidget* w) { parent_ = w; }
+  // True while a dialog is on screen.
+  bool open() const { return open_ > 0; }
+
+  MsgResult msgBox(const std::string& title, const std::string& text, MsgButtons buttons,
+                   MsgIcon icon) override;
+  std::string inputBox(const std::string& title, const std::string& prompt,
+                       const std::string& defaultText) override;
+  std::string fileDialog(const FileDialogRequest& request) override;
+  bool fontDialog(TextStyle& style) override;
+  bool colorDialog(int& color) override;
+
+  // "MP3 (*.mp3)|*.mp3|All Files (*.*)|*.*" as Qt writes it: "MP3 (*.mp3);;All Files (*)".
+  static QString qtFilter(const std::string& filter);
+
+ private:
+  QPointer<QWidget> parent_;
+  int open_ = 0;
+};
+
+}  // namespace q::gui

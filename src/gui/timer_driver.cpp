@@ -1,0 +1,39 @@
+#include "gui/timer_driver.h"
+
+#include <algorithm>
+#include <climits>
+
+#include "engine/core/scheduler.h"
+
+namespace q::gui {
+
+TimerDriver::TimerDriver(Scheduler& scheduler) : scheduler_(scheduler) {
+  timer_.setSingleShot(true);
+  timer_.setTimerType(Qt::PreciseTimer);
+  connect(&timer_, &QTimer::timeout, this, &TimerDriver::runDue);
+  scheduler_.onChanged = [this] {
+    if (!running_) rearm();
+  };
+  rearm();
+}
+
+TimerDriver::~TimerDriver() { scheduler_.onChanged = nullptr; }
+
+void TimerDriver::runDue() {
+  running_ = true;
+  scheduler_.runDue();
+  running_ = false;
+  rearm();
+}
+
+void TimerDriver::rearm() {
+  const int64_t due = scheduler_.nextDue();
+  if (due < 0) {
+    timer_.stop();
+    return;
+  }
+  const int64_t wait = std::clamp<int64_t>(due - scheduler_.now(), 0, INT_MAX);
+  timer_.start(int(wait));
+}
+
+}  // namespace q::gui
