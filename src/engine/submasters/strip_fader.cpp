@@ -9,8 +9,6 @@
 namespace q {
 
 namespace {
-const std::string kMediaFilter = "MP3 (*.mp3)|*.mp3|WAV (*.wav)|*.wav|All Files (*.*)|*.*";
-
 uint8_t levelOf(int position) { return uint8_t(255 - position); }
 }  // namespace
 
@@ -102,13 +100,13 @@ void SubmasterBank::playPause(int player) {
     p.pause();
 }
 
+// The shared chooser keeps the filter its last user gave it; only the name
+// is emptied, so a cancel loads nothing.
 void SubmasterBank::loadKey(int player) {
-  FileDialogRequest r;
-  r.kind = FileDialogKind::Open;
-  r.filter = kMediaFilter;
-  r.fileName = "";
-  const std::string path = c_.dialogs().fileDialog(r);
-  if (!path.empty()) c_.WMP(player).setFileName(path);
+  CommonDialog& d = c_.CDialog1;
+  d.FileName = "";
+  d.ShowOpen();
+  if (!d.FileName.empty()) c_.WMP(player).setFileName(d.FileName);
 }
 
 }  // namespace q

@@ -44,7 +44,6 @@ void SubmasterBank::wireStrip(int n) {
 
 void SubmasterBank::wireMenus() {
   MainWindow& f = c_.form1;
-  f.menu("mnuChanZero").onClick = [this] { zeroColumn(); };
   f.menu("mnuFont").onClick = [this] { changeFont(); };
   f.menu("mnuFontColor").onClick = [this] { changeColor(false); };
   f.menu("mnuLabelColor").onClick = [this] { changeColor(true); };
@@ -88,16 +87,6 @@ void SubmasterBank::dropOnStrip(int n, const std::string& path, MouseButton b) {
   if (path.size() < 3 || path.compare(path.size() - 3, 3, "qch") != 0) return;
   select(n, b);
   c_.files.load("channels", path);
-}
-
-void SubmasterBank::zeroColumn() {
-  Variables& v = c_.v;
-  const int column = v.EditColumn - 1;
-  if (column < 0 || column >= kColumns) return;
-  const int last = std::min<int>(v.MaxChans, kChannels);
-  for (int ch = 1; ch <= last; ++ch) v.chan(ch, column) = 0;
-  if (onMatrixRepaint) onMatrixRepaint();
-  v.MixDirty = kTrue;
 }
 
 TextBox* SubmasterBank::selectedLabel() {

@@ -36,8 +36,6 @@ class SubmasterBank {
   void labelDblClick(int n);
   // A file dropped on FaderCFG, Flash or SLevel of column N.
   void dropOnStrip(int n, const std::string& path, MouseButton b);
-  // mnuChanZero: the selected column to 0 on every channel in use.
-  void zeroColumn();
 
   // The fader configuration dialog, created on first use.
   FaderConfig& config();
@@ -49,8 +47,6 @@ class SubmasterBank {
 
   // The desk pops up the label menu at the mouse.
   std::function<void()> onPopupLabelMenu;
-  // The matrix view repaints its channels when it is on screen.
-  std::function<void()> onMatrixRepaint;
 
  private:
   void wireStrip(int n);
