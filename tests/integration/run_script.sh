@@ -9,6 +9,10 @@ bin=$1 script=$2 expected=$3 mode=${4:-script}
 home=$(mktemp -d) || exit 2
 out=$(mktemp) || exit 2
 trap 'rm -rf "$home" "$out"' EXIT
+# Relative paths in a script name files in the program folder, so they are listed below.
+bin=$(cd "$(dirname "$bin")" && pwd)/$(basename "$bin")
+script=$(cd "$(dirname "$script")" && pwd)/$(basename "$script")
+cd "$home" || exit 2
 
 if [ "$mode" = stdin ]; then
   "$bin" --headless -nosplash --home "$home" < "$script" > "$out"
