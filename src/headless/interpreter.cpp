@@ -50,16 +50,16 @@ std::string property(Control& ctl, const std::string& prop, const std::string& e
 }  // namespace
 
 const std::map<std::string, Interpreter::Verb> Interpreter::verbs_ = {
-    {"down", &Interpreter::mouseDown}, {"up", &Interpreter::mouseUp},
-    {"press", &Interpreter::press},    {"click", &Interpreter::click},
+    {"down", &Interpreter::mouseDown},    {"up", &Interpreter::mouseUp},
+    {"press", &Interpreter::press},       {"click", &Interpreter::click},
     {"dblclick", &Interpreter::dblClick}, {"set", &Interpreter::set},
-    {"type", &Interpreter::type},      {"key", &Interpreter::key},
-    {"enter", &Interpreter::enter},    {"keydown", &Interpreter::keyDown},
-    {"keyup", &Interpreter::keyUp},    {"midi", &Interpreter::midi},
-    {"drop", &Interpreter::drop},      {"answer", &Interpreter::answer},
-    {"load", &Interpreter::load},      {"save", &Interpreter::save},
-    {"advance", &Interpreter::advance}, {"tick", &Interpreter::tick},
-    {"quit", &Interpreter::quit},      {"get", &Interpreter::get},
+    {"type", &Interpreter::type},         {"key", &Interpreter::key},
+    {"enter", &Interpreter::enter},       {"keydown", &Interpreter::keyDown},
+    {"keyup", &Interpreter::keyUp},       {"midi", &Interpreter::midi},
+    {"drop", &Interpreter::drop},         {"answer", &Interpreter::answer},
+    {"load", &Interpreter::load},         {"save", &Interpreter::save},
+    {"advance", &Interpreter::advance},   {"tick", &Interpreter::tick},
+    {"quit", &Interpreter::quit},         {"get", &Interpreter::get},
     {"dmx", &Interpreter::dmx},
 };
 
@@ -301,7 +301,8 @@ void Interpreter::dmx(Words& w) {
   }
   w.end();
   std::string line = "DMX " + std::to_string(from) + "-" + std::to_string(to) + ":";
-  for (int64_t slot = from; slot <= to; ++slot) line += " " + std::to_string(c_.v.DMXData[slot - 1]);
+  for (int64_t slot = from; slot <= to; ++slot)
+    line += " " + std::to_string(c_.v.DMXData[slot - 1]);
   print(line);
 }
 

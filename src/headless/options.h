@@ -10,8 +10,8 @@ namespace q {
 
 struct HeadlessOptions {
   bool virtualClock = false;
-  std::string script;  // empty: commands come from standard input
-  std::string home;    // empty: the program's own folder
+  std::string script;       // empty: commands come from standard input
+  std::string home;         // empty: the program's own folder
   std::string commandLine;  // every argument joined by blanks
   std::string error;        // a malformed command line, for the user
 };

@@ -86,20 +86,34 @@ TEST_F(InterpreterTest, DmxPrintsTheOutgoingFrameOverTheAskedSlots) {
 
 TEST_F(InterpreterTest, EveryBadLineGivesOneErrorLineAndTheRunGoesOn) {
   const std::vector<std::string> bad = {
-      "frobnicate",         "get",
-      "get NoSuchName",     "get ChanTable(513,0)",
-      "get ChanTable(1,x)", "get SMaster.Interval",
-      "press NoSuchControl", "set SMaster",
-      "set SMaster 256",    "set SMaster 99999999999999999999999",
-      "set SMaster 1x",     "set mnuFile 1",
-      "type SMaster hello", "tick SMaster",
-      "key SMaster",        "key SMaster 300",
-      "midi 176 7",         "midi 176 7 256",
-      "dmx 0",              "dmx 5 4",
-      "dmx 1 513",          "dmx 1 2 3",
-      "advance -1",         "advance 1e3",
-      "quit now",           "press SMaster middle",
-      "click SMaster left", "keydown",
+      "frobnicate",
+      "get",
+      "get NoSuchName",
+      "get ChanTable(513,0)",
+      "get ChanTable(1,x)",
+      "get SMaster.Interval",
+      "press NoSuchControl",
+      "set SMaster",
+      "set SMaster 256",
+      "set SMaster 99999999999999999999999",
+      "set SMaster 1x",
+      "set mnuFile 1",
+      "type SMaster hello",
+      "tick SMaster",
+      "key SMaster",
+      "key SMaster 300",
+      "midi 176 7",
+      "midi 176 7 256",
+      "dmx 0",
+      "dmx 5 4",
+      "dmx 1 513",
+      "dmx 1 2 3",
+      "advance -1",
+      "advance 1e3",
+      "quit now",
+      "press SMaster middle",
+      "click SMaster left",
+      "keydown",
   };
   for (const auto& line : bad) {
     SCOPED_TRACE(line);
@@ -136,7 +150,9 @@ TEST_F(InterpreterTest, AHandlerThatThrowsBecomesAnErrorLine) {
 TEST_F(InterpreterTest, PressDeliversDownUpThenClickWithTheButton) {
   auto& b = form1().add<Lamp>("TestButton");
   std::vector<std::string> log;
-  b.onMouseDown = [&](MouseButton m) { log.push_back(m == MouseButton::Right ? "down-R" : "down-L"); };
+  b.onMouseDown = [&](MouseButton m) {
+    log.push_back(m == MouseButton::Right ? "down-R" : "down-L");
+  };
   b.onMouseUp = [&](MouseButton m) { log.push_back(m == MouseButton::Right ? "up-R" : "up-L"); };
   b.onClick = [&] { log.push_back("click"); };
   b.onDblClick = [&] { log.push_back("dbl"); };
@@ -154,7 +170,8 @@ TEST_F(InterpreterTest, ADisabledControlTakesNoOperatorEvents) {
   b.onKeyPress = [&](int&) { ++events; };
   b.setEnabled(false);
   form1().SMaster.setEnabled(false);
-  EXPECT_EQ(run({"press TestButton", "click TestButton", "key TestButton 13", "set SMaster 9"}), "");
+  EXPECT_EQ(run({"press TestButton", "click TestButton", "key TestButton 13", "set SMaster 9"}),
+            "");
   EXPECT_EQ(events, 0);
   EXPECT_EQ(form1().SMaster.position(), 0);
   // A press whose down handler disables the control ends there.
@@ -191,7 +208,8 @@ TEST_F(InterpreterTest, KeysGoToTheControlOrToAWindowsOwnKeyHandler) {
   auto& box = form1().add<TextBox>("TestBox");
   std::vector<int> boxKeys, windowKeys;
   box.onKeyPress = [&](int& k) { boxKeys.push_back(k); };
-  // A window that exists only once something of it is used, with its key handler under its own name.
+  // A window that exists only once something of it is used, with its key handler under its own
+  // name.
   std::unique_ptr<Lamp> handler;
   console().registry.addWindowFactory("TestWin", [&] {
     handler = std::make_unique<Lamp>("TestWin");

@@ -18,8 +18,9 @@ TEST(HeadlessOptions, ReadsItsOwnSwitchesAndKeepsTheWholeLineForTheConsole) {
   EXPECT_TRUE(o.virtualClock);
   EXPECT_EQ(o.script, "a b.txt");
   EXPECT_EQ(o.home, "/tmp/h");
-  EXPECT_EQ(o.commandLine,
-            "quintara --headless -nosplash --virtual-clock --script a b.txt --home /tmp/h -default");
+  EXPECT_EQ(
+      o.commandLine,
+      "quintara --headless -nosplash --virtual-clock --script a b.txt --home /tmp/h -default");
   EXPECT_TRUE(o.error.empty());
 }
 
