@@ -70,7 +70,10 @@ void FaderConfig::apply() {
   if (!isStrip(n)) return;
   Label& func = c_.form1.FaderFunc(n);
   const std::string word = wordForText(Tipus.text());
-  if (!word.empty()) func.setCaption(word);
+  if (!word.empty()) {
+    func.setCaption(word);
+    c_.v.MixDirty = kTrue;  // the mix reads the strip's role from its word
+  }
   placeFader(n, func.caption());
   c_.form1.Fader(n).toolTip = Tooltip.text();
   if (!applyController(n)) return;

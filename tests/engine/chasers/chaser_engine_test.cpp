@@ -140,17 +140,5 @@ TEST_F(ChaserTest, RunningChaserRaisesChannelsByItsLevelUntilStopped) {
   EXPECT_EQ(get("DMXData(5)"), "0");
 }
 
-TEST_F(ChaserTest, EditorKeyShowsItsPictureAndAsksForTheEditor) {
-  int opened = -1;
-  console().chasers.openEditor = [&](int i) { opened = i; };
-  Control& key = control("btnFXConfig(1)");
-  key.mouseDown(MouseButton::Left);
-  EXPECT_EQ(key.value(), "Llarg2");
-  key.mouseUp(MouseButton::Left);
-  key.click();
-  EXPECT_EQ(key.value(), "");
-  EXPECT_EQ(opened, 1);
-}
-
 }  // namespace
 }  // namespace q::test

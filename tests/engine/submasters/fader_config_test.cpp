@@ -59,8 +59,10 @@ TEST_F(ConfigTest, ApplyBringsTheFaderToWhatTheStripNowControls) {
   const uint8_t subLevel = v().SubLevel[3];
   FaderConfig& d = openOn(6);
   choose(d, "SUBMASTER MASTER");
+  v().MixDirty = kFalse;
   d.APPLY.click();
   EXPECT_EQ(form1().FaderFunc(6).caption(), "SMA");
+  EXPECT_EQ(v().MixDirty, kTrue);
   EXPECT_EQ(form1().Fader(6).position(), 55);
   EXPECT_EQ(v().SubLevel[3], subLevel);  // stale, no longer read
   EXPECT_FALSE(d.isVisible());

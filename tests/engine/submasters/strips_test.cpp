@@ -196,17 +196,6 @@ TEST_F(StripTest, LabelDoubleClickSelectsWithoutTheSelector) {
   EXPECT_EQ(get("FaderCFG(7)"), "");
 }
 
-TEST_F(StripTest, AllToZeroClearsTheSelectedColumnUpToMaxChans) {
-  v().MaxChans = 20;
-  v().EditColumn = 4;
-  for (int ch = 1; ch <= 30; ++ch) v().chan(ch, 3) = v().chan(ch, 2) = 90;
-  form1().menu("mnuChanZero").click();
-  EXPECT_EQ(v().chan(20, 3), 0);
-  EXPECT_EQ(v().chan(21, 3), 90);
-  EXPECT_EQ(v().chan(1, 2), 90);
-  EXPECT_EQ(v().MixDirty, kTrue);
-}
-
 TEST_F(StripTest, OnlyAChannelsFileDroppedOnAStripSelectsIt) {
   control("Flash(6)").drop("/shows/wash.QCH");  // the ending is case-sensitive
   EXPECT_EQ(v().EditColumn, 1);
