@@ -19,6 +19,8 @@ class CommonDialog {
   // "Text (*.ext)|*.ext|..." as the console writes its filters.
   std::string Filter;
   std::string DialogTitle;
+  // The folder the chooser starts in; empty for wherever it was.
+  std::string InitDir;
 
   // Show the chooser; a chosen name replaces FileName, a cancel leaves it.
   void ShowOpen() { show(FileDialogKind::Open); }
@@ -31,6 +33,7 @@ class CommonDialog {
     r.title = DialogTitle;
     r.filter = Filter;
     r.fileName = FileName;
+    r.initDir = InitDir;
     std::string chosen = dialogs_.fileDialog(r);
     if (!chosen.empty()) FileName = std::move(chosen);
   }

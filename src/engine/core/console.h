@@ -24,6 +24,7 @@
 #include "engine/core/process_launcher.h"
 #include "engine/playback/cue_functions.h"
 #include "engine/media/media_player.h"
+#include "engine/media/player_keys.h"
 #include "engine/playback/fade_times.h"
 #include "engine/playback/memories.h"
 #include "engine/playback/times_graph.h"
@@ -130,6 +131,8 @@ class Console {
   DirectCommand direct{*this};
   // The skin, the pieces cut from it and the desk's zoom.
   Look look{*this};
+  // The players' load and play keys.
+  PlayerKeys playerKeys{*this};
 
  private:
   void wireMainMenu();

@@ -118,7 +118,14 @@ bool Bitmap::load(const std::string& path, std::string& error) {
   Bitmap out(h.width, h.height);
   for (int y = 0; y < h.height; ++y) {
     const size_t row = h.offset + stride * size_t(h.topDown ? y : h.height - 1 - y);
-    for (int x = 0; x < h.width; ++x) out.setPixel(x, y, readPixel(b, row, x, h));
+    uint32_t* dst = out.pixels_.data() + size_t(y) * size_t(h.width);
+    if (h.bpp == 24) {  // the usual skin: straight copy, no per-pixel dispatch
+      const uint8_t* src = b.data() + row;
+      for (int x = 0; x < h.width; ++x, src += 3)
+        dst[x] = uint32_t(src[2]) << 16 | uint32_t(src[1]) << 8 | src[0];
+    } else {
+      for (int x = 0; x < h.width; ++x) dst[x] = readPixel(b, row, x, h);
+    }
   }
   *this = std::move(out);
   return true;

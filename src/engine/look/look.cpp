@@ -109,12 +109,12 @@ void Look::skinMe() {
 }
 
 void Look::changeBackground() {
-  FileDialogRequest r;
-  r.kind = FileDialogKind::Open;
-  r.filter = "Windows bitmap (*.bmp)|*.bmp";
-  r.initDir = c_.homeDir() + "/skins/";
-  r.fileName.clear();
-  const std::string path = c_.dialogs().fileDialog(r);
+  CommonDialog& d = c_.CDialog1;
+  d.FileName.clear();
+  d.Filter = "Windows bitmap (*.bmp)|*.bmp";
+  d.InitDir = c_.homeDir() + "/skins/";
+  d.ShowOpen();
+  const std::string path = d.FileName;
   if (path.empty()) return;
   if (!loadPicture(path, false)) return;
   skinMe();

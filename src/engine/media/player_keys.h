@@ -1,0 +1,29 @@
+#pragma once
+// The two players' keys on the main window: MpLoad(k) chooses a medium for
+// player k, MpPlay(k) plays and pauses it; a file dropped on either loads it
+// (and on MpPlay starts it when it is ready at once). Whatever speed was last
+// asked of a player is put back on both at every change of state of either.
+
+#include <string>
+
+namespace q {
+
+class Console;
+
+class PlayerKeys {
+ public:
+  explicit PlayerKeys(Console& c);
+
+  void load(int k);
+  void playPause(int k);
+  void dropOnLoad(int k, const std::string& path);
+  void dropOnPlay(int k, const std::string& path);
+  // A player changed state: both get their speed back.
+  void applyRates();
+
+ private:
+  void wire(int k);
+  Console& c_;
+};
+
+}  // namespace q
