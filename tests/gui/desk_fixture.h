@@ -1,0 +1,68 @@
+#pragma once
+// The desk on the offscreen platform over a console on a virtual clock:
+// events go to the real widgets, and the tests look at the console.
+
+#include <QApplication>
+#include <QMimeData>
+#include <QTest>
+#include <QUrl>
+#include <memory>
+
+#include "gui/desk_context.h"
+#include "gui/desk_surface.h"
+#include "gui/form1.h"
+#include "support/console_fixture.h"
+
+namespace q::test {
+
+class DeskFixture : public ConsoleFixture {
+ protected:
+  static void SetUpTestSuite() {
+    if (qApp) return;
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int argc = 1;
+    static char name[] = "test_gui";
+    static char* argv[] = {name, nullptr};
+    new QApplication(argc, argv);
+  }
+
+  void TearDown() override {
+    form.reset();
+    ctx.reset();
+  }
+
+  // Builds the desk and starts the console, which skins and shows it.
+  gui::Form1& desk() {
+    if (!form) {
+      ctx = std::make_unique<gui::DeskContext>(console());
+      console().look.setPicture(&ctx->sheet);
+      form = std::make_unique<gui::Form1>(*ctx, nullptr);
+      form->setZoomOverride(1);
+      console().start();
+    }
+    return *form;
+  }
+
+  template <class W = QWidget>
+  W* widget(const std::string& control) {
+    return qobject_cast<W*>(desk().desk().widgetFor(control));
+  }
+
+  // Drags a file from outside and lets it go over w.
+  static bool dropFile(QWidget* w, const std::string& file) {
+    QMimeData mime;
+    mime.setUrls({QUrl::fromLocalFile(QString::fromStdString(file))});
+    const QPoint at = w->rect().center();
+    QDragEnterEvent enter(at, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(w, &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent drop(at, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(w, &drop);
+    return drop.isAccepted();
+  }
+
+  std::unique_ptr<gui::DeskContext> ctx;
+  std::unique_ptr<gui::Form1> form;
+};
+
+}  // namespace q::test
