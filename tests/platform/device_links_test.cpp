@@ -64,7 +64,8 @@ TEST(LibFtdiDevice, AnAttachedAdapterTakesTheDmxSetup) {
   if (count == 0) GTEST_SKIP() << "no FTDI adapter attached (vendor 0403)";
   std::vector<std::string> messages;
   OpenDmx dmx(chip, {[&](const std::string& t) { messages.push_back(t); }, {}});
-  if (!dmx.OpenDmxOpenDevice()) GTEST_SKIP() << "FTDI adapter present but not usable: " << messages.at(0);
+  if (!dmx.OpenDmxOpenDevice())
+    GTEST_SKIP() << "FTDI adapter present but not usable: " << messages.at(0);
   EXPECT_EQ(dmx.OpenDmxSend(), nullptr);
   EXPECT_EQ(dmx.OpenDmxBytesWritten, 512u);
   dmx.OpenDmxClose();

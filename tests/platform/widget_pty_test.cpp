@@ -130,8 +130,8 @@ class ConsoleWithWidgetOnPty : public ConsoleFixture {
 
 TEST_F(ConsoleWithWidgetOnPty, InterfaceTwoSendsChangedFramesToTheWidget) {
   if (!sim.start()) GTEST_SKIP() << "no pseudo-terminal on this machine";
-  std::ofstream(path("Quintara.INI")) << "[Setup]\r\nInterface=2\r\nWidgetPort=" << sim.path()
-                                      << "\r\n";
+  std::ofstream(path("Quintara.INI"))
+      << "[Setup]\r\nInterface=2\r\nWidgetPort=" << sim.path() << "\r\n";
   console().start();
   ASSERT_TRUE(console().interfaces.widget().IsOpen());
   v().chan(2, kStageColumn) = 180;

@@ -19,7 +19,7 @@ namespace q::sim {
 class WidgetSim {
  public:
   struct Options {
-    bool silent = false;  // never answers a get-parameters request
+    bool silent = false;   // never answers a get-parameters request
     int replyDelayMs = 0;  // answers that much later
     uint8_t firmwareMajor = 1, firmwareMinor = 44;
     uint8_t breakTime = 9, mabTime = 1, fps = 40;

@@ -2,8 +2,8 @@
 // sent through OLA. Talks to olad on any RPC port, so a test can run a
 // private olad beside the user's own.
 //
-//   ola_readback --port P --patch-dummy UNIVERSE   patch the dummy device's first output to UNIVERSE
-//   ola_readback --port P --fetch UNIVERSE         print the universe's 512 slots
+//   ola_readback --port P --patch-dummy UNIVERSE   patch the dummy device's first output to
+//   UNIVERSE ola_readback --port P --fetch UNIVERSE         print the universe's 512 slots
 //
 // Exit status 0 on success, 1 when olad could not be reached or refused.
 
@@ -32,8 +32,8 @@ struct Session {
   bool ok = false;
 
   bool open(int port) {
-    socket.reset(ola::network::TCPSocket::Connect(ola::network::IPV4SocketAddress(
-        ola::network::IPV4Address::Loopback(), uint16_t(port))));
+    socket.reset(ola::network::TCPSocket::Connect(
+        ola::network::IPV4SocketAddress(ola::network::IPV4Address::Loopback(), uint16_t(port))));
     if (!socket) return false;
     client = std::make_unique<ola::client::OlaClient>(socket.get());
     if (!client->Setup()) return false;
@@ -57,12 +57,13 @@ void gotDevices(Session* s, unsigned universe, const ola::client::Result& r,
     return;
   }
   const ola::client::OlaDevice& d = devices[0];
-  s->client->Patch(d.Alias(), d.OutputPorts()[0].Id(), ola::client::OUTPUT_PORT,
-                   ola::client::PATCH, universe, ola::NewSingleCallback(&patched, s));
+  s->client->Patch(d.Alias(), d.OutputPorts()[0].Id(), ola::client::OUTPUT_PORT, ola::client::PATCH,
+                   universe, ola::NewSingleCallback(&patched, s));
 }
 
 int patchDummy(Session& s, unsigned universe) {
-  s.client->FetchDeviceInfo(ola::OLA_PLUGIN_DUMMY, ola::NewSingleCallback(&gotDevices, &s, universe));
+  s.client->FetchDeviceInfo(ola::OLA_PLUGIN_DUMMY,
+                            ola::NewSingleCallback(&gotDevices, &s, universe));
   s.ss.Run();
   return s.ok ? 0 : 1;
 }
@@ -71,7 +72,8 @@ void gotDmx(Session* s, const ola::client::Result& r, const ola::client::DMXMeta
             const ola::DmxBuffer& data) {
   s->ok = r.Success();
   if (s->ok) {
-    for (unsigned k = 0; k < 512; ++k) std::printf(k ? " %u" : "%u", k < data.Size() ? data.Get(k) : 0);
+    for (unsigned k = 0; k < 512; ++k)
+      std::printf(k ? " %u" : "%u", k < data.Size() ? data.Get(k) : 0);
     std::printf("\n");
   } else {
     std::fprintf(stderr, "ola_readback: fetch: %s\n", r.Error().c_str());

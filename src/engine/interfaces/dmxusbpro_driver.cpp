@@ -217,7 +217,8 @@ std::vector<uint8_t> DMXUSBPRO_Driver::receivePacket() {
   }
   if (queued == 0) return {};
   std::vector<uint8_t> packet;
-  if (!readExactly(packet, 4, "RX-> timeout! expected header! ", "RX-> error! expected header!", ""))
+  if (!readExactly(packet, 4, "RX-> timeout! expected header! ", "RX-> error! expected header!",
+                   ""))
     return {};
   std::copy_n(packet.begin(), 4, RxPacketHeader.begin());
   // No resynchronisation: a bad first byte costs the four bytes read.

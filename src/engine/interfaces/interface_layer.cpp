@@ -38,9 +38,9 @@ std::function<void(const std::string&)> widgetTrace() {
 }  // namespace
 
 InterfaceLayer::InterfaceLayer(Console& c) : c_(c) {
-  ola_ = std::make_unique<OlaOutput>(OlaOutput::Hooks{
-      [this] { return c_.scheduler.now(); },
-      [this](const std::string& text) { c_.dialogs().msgBox("Quintara", text); }});
+  ola_ = std::make_unique<OlaOutput>(
+      OlaOutput::Hooks{[this] { return c_.scheduler.now(); },
+                       [this](const std::string& text) { c_.dialogs().msgBox("Quintara", text); }});
   // The Velleman takes each channel from inside the mix, as the mix makes it.
   c_.mixer.perChannelOutput = [this](int channel, uint8_t value) {
     velleman().setData(channel, value);
@@ -213,11 +213,11 @@ Oksid& InterfaceLayer::oksid() {
     oksidLib_ = factory().oksid();
     if (!oksidLib_) oksidLib_ = makeMissingOksid();
     oksid_ = std::make_unique<Oksid>(
-        *oksidLib_,
-        Oksid::Hooks{[this](const std::string& title, const std::string& text) {
-                       c_.dialogs().msgBox(title, text, MsgButtons::OK, MsgIcon::Exclamation);
-                     },
-                     [this] { c_.v.InterfaceType = 0; }});
+        *oksidLib_, Oksid::Hooks{[this](const std::string& title, const std::string& text) {
+                                   c_.dialogs().msgBox(title, text, MsgButtons::OK,
+                                                       MsgIcon::Exclamation);
+                                 },
+                                 [this] { c_.v.InterfaceType = 0; }});
   }
   return *oksid_;
 }

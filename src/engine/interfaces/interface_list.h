@@ -32,12 +32,12 @@ inline constexpr InterfaceEntry kInterfaces[] = {
     {"Tovan Relk 64", AdapterFamily::ParallelPort, 64, "https://duckduckgo.com/?q=Tovan+Relk+DMX"},
     {"Sunlite USB 256", AdapterFamily::VendorLibrary, 0, "https://www.sunlitepro.com"},
     {"HumanData USB-003", AdapterFamily::FtdiFrameSender, 0, "https://www.hdl.co.jp"},
-    {"OksiD DMX 3/1", AdapterFamily::VendorLibrary, 0,
-     "https://duckduckgo.com/?q=OksiD+DMX+3%2F1"},
+    {"OksiD DMX 3/1", AdapterFamily::VendorLibrary, 0, "https://duckduckgo.com/?q=OksiD+DMX+3%2F1"},
     {"Velleman K8062 / VM116", AdapterFamily::VendorLibrary, 0, "https://www.velleman.eu"},
     {"Nextec  Free USB DMX", AdapterFamily::FtdiFrameSender, 0,
      "https://duckduckgo.com/?q=Nextec+Free+USB+DMX"},
-    {"OLA (Open Lighting Architecture)", AdapterFamily::Ola, 0, "https://www.openlighting.org/ola/"},
+    {"OLA (Open Lighting Architecture)", AdapterFamily::Ola, 0,
+     "https://www.openlighting.org/ola/"},
 };
 
 inline constexpr int kAdapterCount = int(sizeof kInterfaces / sizeof kInterfaces[0]);

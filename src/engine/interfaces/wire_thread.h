@@ -8,13 +8,16 @@
 // for two periods (one for the tick, one for the line), the line's phase is
 // pulled gently towards a point just after each tick: never by more than a
 // fraction of a millisecond per frame, so the spacing of frames on the wire
-// stays even. While the console is too busy to tick, the line runs free.
+// stays even. A tick that comes a little late is waited for, a millisecond
+// at most, without moving the frames after it. While the console is too
+// busy to tick, the line runs free.
 
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 #include "engine/interfaces/latest_frame.h"
@@ -41,17 +44,24 @@ class WireThread {
   // How far after a tick the line aims to start its frame, and how much its
   // phase may move per frame.
   static constexpr std::chrono::microseconds kLeadAfterTick{1000};
-  static constexpr std::chrono::microseconds kMaxSlew{250};
+  static constexpr std::chrono::microseconds kMaxSlew{500};
+  // Within this of its aim the line counts as locked to the ticks, and a
+  // frame may wait this much longer for a tick that is late.
+  static constexpr std::chrono::microseconds kLockedWithin{1500};
+  static constexpr std::chrono::microseconds kGraceForLateTick{750};
 
  private:
   using Clock = std::chrono::steady_clock;
   void run(std::function<void()> prepare);
-  Clock::duration phaseCorrection(Clock::time_point deadline, Clock::duration interval) const;
+  // How far a frame at deadline lies from its aim just after the last tick;
+  // nothing while the console is too busy to tick.
+  std::optional<int64_t> phaseError(Clock::time_point deadline, Clock::duration interval) const;
 
   Send send_;
   LatestFrameSlot slot_;
   std::atomic<int64_t> intervalNs_;
   std::atomic<int64_t> lastTickNs_{0};  // time of the last hand-over, 0 before the first
+  std::atomic<uint64_t> handOvers_{0};
   std::atomic<int> failure_{0};
   std::atomic<long> frames_{0};
   std::mutex mutex_;

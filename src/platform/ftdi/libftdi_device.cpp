@@ -93,10 +93,11 @@ int LibFtdiDevice::setDataCharacteristics(int wordLength, int stopBits, int pari
 
 int LibFtdiDevice::lineProperties(bool breakOn) {
   const ftdi_bits_type bits = wordLength_ == 7 ? BITS_7 : BITS_8;
-  const ftdi_stopbits_type stop = stopBits_ == 2 ? STOP_BIT_2 : stopBits_ == 1 ? STOP_BIT_15 : STOP_BIT_1;
+  const ftdi_stopbits_type stop = stopBits_ == 2   ? STOP_BIT_2
+                                  : stopBits_ == 1 ? STOP_BIT_15
+                                                   : STOP_BIT_1;
   const ftdi_parity_type parity = parity_ >= 0 && parity_ <= 4 ? ftdi_parity_type(parity_) : NONE;
-  return status(
-      ftdi_set_line_property2(ctx_, bits, stop, parity, breakOn ? BREAK_ON : BREAK_OFF));
+  return status(ftdi_set_line_property2(ctx_, bits, stop, parity, breakOn ? BREAK_ON : BREAK_OFF));
 }
 
 int LibFtdiDevice::setFlowControl(int mode, uint8_t xon, uint8_t xoff) {
@@ -165,7 +166,8 @@ int LibFtdiDevice::getQueueStatus(int& bytes) {
 int LibFtdiDevice::read(uint8_t* buf, int size, int& got) {
   got = 0;
   if (!open_) return FT_INVALID_HANDLE;
-  const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(readTimeoutMs_);
+  const auto deadline =
+      std::chrono::steady_clock::now() + std::chrono::milliseconds(readTimeoutMs_);
   for (;;) {
     const int take = std::min<int>(size - got, int(pending_.size()));
     std::copy_n(pending_.begin(), take, buf + got);

@@ -69,8 +69,7 @@ TEST_F(DispatchTest, AnOksidThatDoesNotAnswerSaysSoTwiceOnOneTickAndTurnsOutputO
   startWith("Interface=7\r\n");
   EXPECT_TRUE(dialogs.shown.empty()) << "no start step";
   advance(100);
-  const std::string box =
-      "MSGBOX  DMX ERROR |  3-1 DMX Adapter Not Connected or Not Responding";
+  const std::string box = "MSGBOX  DMX ERROR |  3-1 DMX Adapter Not Connected or Not Responding";
   EXPECT_EQ(dialogs.shown, (std::vector<std::string>{box, box}));
   EXPECT_EQ(get("InterfaceType"), "0");
   advance(1000);
@@ -117,8 +116,8 @@ TEST_F(DispatchTest, WithoutOladTheConsoleSaysSoOnceAndRetriesOnceASecond) {
   factory.olaUp = false;
   startWith("Interface=10\r\n");
   FakeOla& ola = *factory.olaLink;
-  EXPECT_EQ(dialogs.shown, std::vector<std::string>{"MSGBOX Quintara | " +
-                                                    std::string(OlaOutput::kNotRunning)});
+  EXPECT_EQ(dialogs.shown,
+            std::vector<std::string>{"MSGBOX Quintara | " + std::string(OlaOutput::kNotRunning)});
   advance(2950);
   EXPECT_EQ(ola.connects, 3) << "at start, then after one and two seconds";
   EXPECT_EQ(dialogs.shown.size(), 1u);

@@ -40,10 +40,10 @@ TEST_F(ProDriverTest, InitWithAProperReplyOpensAndSendsAnAllZeroFrame) {
   answerLikeAWidget(link);
   EXPECT_TRUE(pro.Init(0, 6, false));
   EXPECT_TRUE(pro.IsOpen());
-  EXPECT_EQ(link.setupCalls(),
-            (std::vector<std::string>{"countDevices", "open 0", "purge 1", "purge 2",
-                                      "setLatencyTimer 1", "setTimeouts 40 0", "write 7",
-                                      "setTimeouts 40 0", "write 518"}));
+  EXPECT_EQ(
+      link.setupCalls(),
+      (std::vector<std::string>{"countDevices", "open 0", "purge 1", "purge 2", "setLatencyTimer 1",
+                                "setTimeouts 40 0", "write 7", "setTimeouts 40 0", "write 518"}));
   EXPECT_EQ(link.writes[0], packet(3, {0, 0}));
   const std::vector<uint8_t>& frame = link.writes[1];
   EXPECT_EQ(std::vector<uint8_t>(frame.begin(), frame.begin() + 4),
@@ -236,7 +236,8 @@ TEST_F(ProDriverTest, FirmwareGoesOutPageByPageAndStopsAtARefusal) {
   link.writes.clear();
   EXPECT_TRUE(pro.Firmware_Flash(file));
   EXPECT_EQ(messages, std::vector<std::string>{"Firmware Updated"});
-  EXPECT_EQ(link.writes.size(), 1u + 96u + 1u) << "flash mode, the pages, then the configuration request";
+  EXPECT_EQ(link.writes.size(), 1u + 96u + 1u)
+      << "flash mode, the pages, then the configuration request";
   EXPECT_EQ(link.writes.back(), packet(3, {0xFC, 0x01}));
 
   messages.clear();

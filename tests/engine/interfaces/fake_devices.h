@@ -49,8 +49,8 @@ class FakeFtdi : public FtdiDevice {
                   std::to_string(w) + " " + std::to_string(s) + " " + std::to_string(p));
   }
   int setFlowControl(int m, uint8_t a, uint8_t b) override {
-    return result("setFlowControl", std::to_string(m) + " " + std::to_string(a) + " " +
-                                        std::to_string(b));
+    return result("setFlowControl",
+                  std::to_string(m) + " " + std::to_string(a) + " " + std::to_string(b));
   }
   int clrRts() override { return result("clrRts"); }
   int purge(int mask) override { return result("purge", std::to_string(mask)); }
@@ -88,7 +88,9 @@ class FakeFtdi : public FtdiDevice {
       if (c != "read" && c != "getQueueStatus") out.push_back(c);
     return out;
   }
-  void queue(const std::vector<uint8_t>& bytes) { incoming.insert(incoming.end(), bytes.begin(), bytes.end()); }
+  void queue(const std::vector<uint8_t>& bytes) {
+    incoming.insert(incoming.end(), bytes.begin(), bytes.end());
+  }
 };
 
 // A packet of the widget's protocol.
@@ -116,8 +118,8 @@ inline void answerLikeAWidget(FakeFtdi& f, int silentQueries = 0) {
 
 class FakeOla : public OlaSender {
  public:
-  bool up = true;        // olad running
-  int connects = 0;      // connection attempts
+  bool up = true;    // olad running
+  int connects = 0;  // connection attempts
   int lastPort = 0;
   bool linked = false;
   std::vector<std::pair<unsigned, std::vector<uint8_t>>> sent;
@@ -150,7 +152,9 @@ class FakeVelleman : public VellemanLibrary {
   std::vector<std::string> calls;
   std::map<int, int> levels;
   void StartDevice() override { calls.push_back("StartDevice"); }
-  void SetChannelCount(int32_t n) override { calls.push_back("SetChannelCount " + std::to_string(n)); }
+  void SetChannelCount(int32_t n) override {
+    calls.push_back("SetChannelCount " + std::to_string(n));
+  }
   void SetData(int32_t ch, int32_t level) override { levels[ch] = level; }
   void StopDevice() override { calls.push_back("StopDevice"); }
 };

@@ -47,13 +47,14 @@ struct FailingStep {
   const char* message;
 };
 
-class OpenDmxSetupFailure : public OpenDmxTest, public ::testing::WithParamInterface<FailingStep> {};
+class OpenDmxSetupFailure : public OpenDmxTest,
+                            public ::testing::WithParamInterface<FailingStep> {};
 
 TEST_P(OpenDmxSetupFailure, ShowsItsMessageOnceAndLeavesTheLineQuiet) {
   factory.prepareFtdi = [](FakeFtdi& f) { f.failures[GetParam().call] = FT_IO_ERROR; };
   startWith(1);
-  EXPECT_EQ(dialogs.shown, std::vector<std::string>{std::string("MSGBOX Quintara | ") +
-                                                    GetParam().message});
+  EXPECT_EQ(dialogs.shown,
+            std::vector<std::string>{std::string("MSGBOX Quintara | ") + GetParam().message});
   // The sequence stops at the failing step; a chip that did open is let go quietly.
   const std::vector<std::string> calls = chip().setupCalls();
   const std::string failing = GetParam().call;
@@ -84,12 +85,15 @@ TEST_F(OpenDmxTest, PurgeFailuresNameTheirBuffer) {
   chip().failures = {{"purge 1", FT_IO_ERROR}};
   console().interfaces.stopDMX();
   console().interfaces.startDMX();
-  EXPECT_EQ(dialogs.shown, (std::vector<std::string>{"MSGBOX Quintara | Failed to purge TX buffer!",
-                                                     "MSGBOX Quintara | Failed to purge RX buffer!"}));
+  EXPECT_EQ(dialogs.shown,
+            (std::vector<std::string>{"MSGBOX Quintara | Failed to purge TX buffer!",
+                                      "MSGBOX Quintara | Failed to purge RX buffer!"}));
 }
 
 TEST_F(OpenDmxTest, AFailedOpenTakesTheSplashAwayFirst) {
-  factory.prepareFtdi = [](FakeFtdi& f) { f.devices = 0, f.failures["open"] = FT_DEVICE_NOT_FOUND; };
+  factory.prepareFtdi = [](FakeFtdi& f) {
+    f.devices = 0, f.failures["open"] = FT_DEVICE_NOT_FOUND;
+  };
   startWith(1);
   EXPECT_FALSE(console().splashShown());
 }
@@ -102,8 +106,8 @@ TEST_F(OpenDmxTest, EveryTickPutsBreakStartCodeAndAll512SlotsOnTheLine) {
   v().DMXData[511] = 99;  // above MaxChans: the mix leaves it, and it is sent all the same
   chip().calls.clear();
   console().outputTick();
-  EXPECT_EQ(chip().calls, (std::vector<std::string>{"setBreakOn", "setBreakOff", "write 1",
-                                                    "write 512"}));
+  EXPECT_EQ(chip().calls,
+            (std::vector<std::string>{"setBreakOn", "setBreakOff", "write 1", "write 512"}));
   ASSERT_GE(chip().writes.size(), 2u);
   EXPECT_EQ(chip().writes[chip().writes.size() - 2], std::vector<uint8_t>{0});
   const std::vector<uint8_t>& frame = chip().writes.back();
@@ -133,7 +137,8 @@ TEST_F(OpenDmxTest, StopClosesTheChipAndAFailingCloseSaysSo) {
   chip().failures["close"] = FT_IO_ERROR;
   console().interfaces.stopDMX();
   EXPECT_EQ(chip().calls.back(), "close");
-  EXPECT_EQ(dialogs.shown, std::vector<std::string>{"MSGBOX Quintara | Close Enttec Open DMX USB Failed"});
+  EXPECT_EQ(dialogs.shown,
+            std::vector<std::string>{"MSGBOX Quintara | Close Enttec Open DMX USB Failed"});
   const size_t calls = chip().calls.size();
   console().interfaces.stopDMX();
   EXPECT_EQ(chip().calls.size(), calls) << "a second close finds nothing open";
@@ -142,8 +147,8 @@ TEST_F(OpenDmxTest, StopClosesTheChipAndAFailingCloseSaysSo) {
 TEST_F(OpenDmxTest, NoDeviceFactoryMeansNoDeviceFound) {
   devices = nullptr;
   startWith(1);
-  EXPECT_EQ(dialogs.shown,
-            std::vector<std::string>{"MSGBOX Quintara | Failed to open Enttec Open DMX USB device!"});
+  EXPECT_EQ(dialogs.shown, std::vector<std::string>{
+                               "MSGBOX Quintara | Failed to open Enttec Open DMX USB device!"});
   advance(1000);
   EXPECT_EQ(dialogs.shown.size(), 1u);
 }

@@ -36,7 +36,8 @@ class RefreshrateTest : public ConsoleFixture {
 };
 
 TEST_F(RefreshrateTest, OpensOnTheConsolesCurrentSettings) {
-  Refreshrate& w = open("DMXRate=40\r\nMaxChans=256\r\nPort=LPT2\r\nDataPresentLoop=70\r\nInterface=4\r\n");
+  Refreshrate& w =
+      open("DMXRate=40\r\nMaxChans=256\r\nPort=LPT2\r\nDataPresentLoop=70\r\nInterface=4\r\n");
   EXPECT_TRUE(w.isVisible());
   EXPECT_EQ(w.HScroll1.position(), 40);
   EXPECT_EQ(w.Text2.text(), "70 loop1");

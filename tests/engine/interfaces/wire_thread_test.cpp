@@ -72,7 +72,8 @@ TEST(WireLine, KeepsTheLineGoingWhenNoTickComesAndSendsTheLatestFrame) {
   EXPECT_LE(frames, 35);
   std::lock_guard<std::mutex> lock(m);
   EXPECT_EQ(seen.back(), 6);
-  EXPECT_EQ(std::count(seen.begin(), seen.end(), 5), 0) << "a frame overtaken before the wire is never sent";
+  EXPECT_EQ(std::count(seen.begin(), seen.end(), 5), 0)
+      << "a frame overtaken before the wire is never sent";
 }
 
 TEST(WireFailures, AWriteFailingOnTheWireThreadIsShownOnce) {
