@@ -21,6 +21,8 @@ $(BUILD)/build.ninja:
 build: deps $(BUILD)/build.ninja
 	cmake --build $(BUILD) -j $(JOBS)
 
+# Without ARGS the desk opens the demo show.
+ARGS ?= examples/demo.qsh
 run: build
 	./$(BUILD)/src/quintara $(ARGS)
 

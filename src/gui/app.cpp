@@ -21,6 +21,7 @@
 #include "gui/desk_options.h"
 #include "gui/desk_player.h"
 #include "gui/form1.h"
+#include "gui/open_file.h"
 #include "gui/qt_dialogs.h"
 #include "gui/remote_port.h"
 #include "gui/splash_screen.h"
@@ -139,7 +140,7 @@ int runDesk(int argc, char** argv) {
       if (s) s->close();
     });
   }
-  if (!file.empty()) console.files.dropOnForm1(file);
+  if (!file.empty()) gui::openAsDropped(console, file);
 
   std::unique_ptr<gui::RemotePort> port;
   if (!opt.listen.empty()) {

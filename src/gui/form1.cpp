@@ -20,6 +20,7 @@
 #include "gui/desk_surface.h"
 #include "gui/image_button.h"
 #include "gui/key_codes.h"
+#include "gui/open_file.h"
 
 namespace q::gui {
 
@@ -178,7 +179,7 @@ void Form1::dropEvent(QDropEvent* e) {
   const std::string path = droppedFile(e->mimeData());
   if (path.empty()) return;
   e->acceptProposedAction();
-  ctx_.console.files.dropOnForm1(path);
+  openAsDropped(ctx_.console, path);
 }
 
 }  // namespace q::gui

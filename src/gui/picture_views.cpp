@@ -39,10 +39,13 @@ void LiveDisplayView::paintEvent(QPaintEvent*) {
   // Bars are drawn on the whole height of the strip: the base at the bottom, full at the top.
   const double barScale = (height() - 2) / kFullBar;
   auto barY = [&](double u) { return height() - 1 - (kBarBase - u) * barScale; };
-  p.setFont(ctx_.font(13, true, true));
+  // Channel numbers (the upper line) bold, levels plain: three digits fit a slot with room between.
+  const QFont number = ctx_.font(11, true, true);
+  const QFont level = ctx_.font(11, false, true);
   for (const DrawItem& it : model_.items()) {
     switch (it.kind) {
       case DrawItem::Kind::Text:
+        p.setFont(it.y < kTextHeight ? number : level);
         p.setPen(itemColour(it));
         p.drawText(QRectF(it.x * sx, it.y * sy, 25 * sx, kTextHeight * sy),
                    Qt::AlignLeft | Qt::AlignVCenter, QString::fromStdString(it.text));

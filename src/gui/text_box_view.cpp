@@ -40,7 +40,11 @@ TextBoxView::TextBoxView(DeskContext& ctx, TextBox& model, const look::DeskItem&
 
 void TextBoxView::syncFromModel() {
   const QString t = QString::fromStdString(model_.text());
-  if (t != text()) setText(t);
+  if (t != text()) {
+    setText(t);
+    // A name longer than its box shows its beginning.
+    if (!hasFocus()) setCursorPosition(0);
+  }
   setVisible(model_.visible());
   setEnabled(model_.enabled());
   setToolTip(QString::fromStdString(model_.toolTip));

@@ -74,7 +74,7 @@ void strips(Builder& b) {
     const int x = stripLeft(n);
     b.add(indexedName("FaderCFG", n), ItemKind::Button, {x + 2, 68, 26, 25}, {}, Face::Selector);
     b.caption({x, 94, 30, 11}, std::to_string(n - 2));
-    b.text(indexedName("Slabel", n), {x, 106, 30, 16}, 8, Align::Center);
+    b.text(indexedName("Slabel", n), {x, 106, 30, 16}, 8, Align::Left);
     b.add(indexedName("Fader", n), ItemKind::StripFader,
           {x + 4, 126, kStripTrackWidth, kStripTrackHeight});
     b.label(indexedName("SLevel", n), {x, 348, 30, 13}, 10, true);
