@@ -56,8 +56,9 @@ void MidiSetupForm::load() {
     list.clear();
     list.addItem("Not Enabled");
     names(list);
+    // Nothing confirmed yet is "Not Enabled", even beside a port without a name.
     int pos = 0;
-    for (int i = 0; i < list.count(); ++i)
+    for (int i = 0; i < list.count() && !chosen.empty(); ++i)
       if (list.items()[i] == chosen) {
         pos = i;
         break;

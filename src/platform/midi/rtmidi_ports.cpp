@@ -173,7 +173,7 @@ RtMidiOutPort::~RtMidiOutPort() { close(); }
 int RtMidiOutPort::deviceCount() { return portCount(midi_.get()); }
 
 std::string RtMidiOutPort::deviceName(int device) {
-  if (device == -1) return midi_ ? kVirtualPortName : std::string();
+  if (device == -1) return kVirtualPortName;
   return portName(midi_.get(), device);
 }
 

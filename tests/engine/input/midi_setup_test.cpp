@@ -46,6 +46,15 @@ TEST_F(MidiSetup, ShowsTheDevicesAndTheConfirmedChoice) {
   EXPECT_EQ(f.txtMIDI(22).text(), "33");
 }
 
+TEST_F(MidiSetup, NothingConfirmedIsNotEnabledEvenBesideANamelessPort) {
+  out.mapper = "";
+  MidiSetupForm& f = open();
+  EXPECT_EQ(f.ComboMidiOut.listIndex(), 0);
+  f.CmdOk.click();
+  EXPECT_TRUE(out.log.empty());
+  EXPECT_TRUE(dialogs.shown.empty());
+}
+
 TEST_F(MidiSetup, PresetsFillTheControllerBoxesOnly) {
   MidiSetupForm& f = open();
   auto expect = [&](int preset, std::vector<int> want) {
