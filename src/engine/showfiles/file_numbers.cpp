@@ -79,12 +79,10 @@ std::string shortestText(float f) {
 }
 
 void appendPair(std::string& out, int channel, int level) {
-  char buf[16];
-  auto r = std::to_chars(buf, buf + sizeof buf, channel);
-  *r.ptr++ = 'a';
-  r = std::to_chars(r.ptr, buf + sizeof buf, level);
-  *r.ptr++ = ',';
-  out.append(buf, r.ptr);
+  out += std::to_string(channel);
+  out += 'a';
+  out += std::to_string(level);
+  out += ',';
 }
 
 }  // namespace q

@@ -1,0 +1,87 @@
+// A big cue list on disk: 1,000 cues with all 512 channels set (about 4 MB).
+// Load and save each have a budget of 100 ms, and the loaded table of 32 MB
+// resident; the table's growth is reported as the counter TableMB.
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "engine/core/console.h"
+#include "engine/showfiles/show_formats.h"
+
+namespace {
+
+constexpr int kCues = 1000;
+
+std::string benchFile() {
+  return (std::filesystem::temp_directory_path() / ("quintara-bench-" + std::to_string(getpid()) + ".qcl"))
+      .string();
+}
+
+double residentMB() {
+  long pages = 0, resident = 0;
+  std::ifstream("/proc/self/statm") >> pages >> resident;
+  return double(resident) * double(sysconf(_SC_PAGESIZE)) / (1024.0 * 1024.0);
+}
+
+void fillList(q::Console& c) {
+  q::Variables& v = c.v;
+  v.MaxChans = 512;
+  for (int row = 1; row <= kCues; ++row) {
+    const auto r = int16_t(row);
+    v.Cues.setCell(r, 513, std::to_string(row));
+    v.Cues.setCell(r, 514, std::string("1"));
+    for (int col = 515; col <= 518; ++col) v.Cues.setCell(r, int16_t(col), std::string("25"));
+    v.Cues.setCell(r, 520, "Cue number " + std::to_string(row));
+    for (int ch = 1; ch <= q::kChannels; ++ch)
+      v.Cues.setCell(r, int16_t(ch), uint8_t((row * 7 + ch * 13) % 255 + 1));
+  }
+  v.CueCount = kCues;
+}
+
+void BM_LoadCueList1000x512(benchmark::State& state) {
+  const std::string file = benchFile();
+  q::Console c{q::ConsoleHost{}};
+  {
+    // Written by hand, so that no table was ever built in this process.
+    std::ofstream out(file, std::ios::binary);
+    const std::string rule = "'" + std::string(70, '*') + "\r\n";
+    out << rule << "SHOW:Bench\r\nDATE:\r\n" << rule;
+    for (int row = 1; row <= kCues; ++row) {
+      out << "MEM:" << row << "\r\nFUNCTION:1\r\nTIMES:25,25,25,25,\r\nNAME:Cue number " << row
+          << "\r\nCHAN:";
+      for (int ch = 1; ch <= q::kChannels; ++ch) out << ch << 'a' << (row * 7 + ch * 13) % 255 + 1 << ',';
+      out << "\r\n" << rule;
+    }
+  }
+  c.v.MaxChans = 512;
+  // The benchmark runs this function several times; only the first run of the
+  // process sees the table grow from nothing.
+  static double grown = -1;
+  const double before = residentMB();
+  q::LoadCueList(c, file);
+  if (grown < 0) grown = residentMB() - before;
+  state.counters["FileMB"] = double(std::filesystem::file_size(file)) / (1024.0 * 1024.0);
+  for (auto _ : state) q::LoadCueList(c, file);
+  state.counters["TableMB"] = grown;
+  state.counters["ResidentMB"] = residentMB();
+  if (c.v.CueCount != kCues) state.SkipWithError("cue list did not load whole");
+  std::filesystem::remove(file);
+}
+BENCHMARK(BM_LoadCueList1000x512)->Unit(benchmark::kMillisecond);
+
+void BM_SaveCueList1000x512(benchmark::State& state) {
+  q::Console c{q::ConsoleHost{}};
+  fillList(c);
+  const std::string file = benchFile();
+  for (auto _ : state) q::SaveCueList(c, file);
+  state.counters["FileMB"] = double(std::filesystem::file_size(file)) / (1024.0 * 1024.0);
+  std::filesystem::remove(file);
+}
+BENCHMARK(BM_SaveCueList1000x512)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();
