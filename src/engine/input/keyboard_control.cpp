@@ -50,8 +50,8 @@ constexpr std::array<KeyPair, 22> kKeyTable{{
 constexpr int kStep = 5;
 
 // The text boxes that would swallow the keys while the keyboard drives the faders.
-const char* const kTextControls[] = {"Direct",   "STAGEMem", "STAGEName", "PROGMem", "PROGName",
-                                     "WupTime",  "WdownTime", "UpTime",   "DownTime"};
+const char* const kTextControls[] = {"Direct",  "STAGEMem",  "STAGEName", "PROGMem", "PROGName",
+                                     "WupTime", "WdownTime", "UpTime",    "DownTime"};
 }  // namespace
 
 KeyboardControl::KeyboardControl(Console& c) : c_(c) {

@@ -14,13 +14,23 @@ std::string picture(int key, bool down) {
 int keyOfChar(int keyAscii) {
   if (keyAscii >= '0' && keyAscii <= '9') return keyAscii - '0';
   switch (keyAscii) {
-    case '+': return Tecles::Plus;
-    case '/': return Tecles::Through;
-    case 'A': case 'a': return Tecles::At;
-    case 'S': case 's': return Tecles::Add;
-    case 'D': case 'd': return Tecles::Subtract;
-    case 13: return Tecles::Enter;
-    default: return -1;
+    case '+':
+      return Tecles::Plus;
+    case '/':
+      return Tecles::Through;
+    case 'A':
+    case 'a':
+      return Tecles::At;
+    case 'S':
+    case 's':
+      return Tecles::Add;
+    case 'D':
+    case 'd':
+      return Tecles::Subtract;
+    case 13:
+      return Tecles::Enter;
+    default:
+      return -1;
   }
 }
 }  // namespace
@@ -50,10 +60,18 @@ void Tecles::keyClick(int index) {
         AtPressed = kFalse;
       }
       break;
-    case Add: type("s"); break;
-    case Plus: type("+"); break;
-    case Subtract: type("d"); break;
-    case Through: type("/"); break;
+    case Add:
+      type("s");
+      break;
+    case Plus:
+      type("+");
+      break;
+    case Subtract:
+      type("d");
+      break;
+    case Through:
+      type("/");
+      break;
     case Enter:
       sendEnter();
       AtPressed = kFalse;
@@ -67,7 +85,8 @@ void Tecles::keyClick(int index) {
       if (auto* direct = c_.registry.find<TextBox>("Direct")) direct->setText("");
       AtPressed = kFalse;
       break;
-    default: break;
+    default:
+      break;
   }
 }
 
@@ -87,7 +106,8 @@ void Tecles::sendEnter() {
 Keypad::Keypad(Console& c) : c_(c) {
   c_.registry.add(target_);
   target_.onKeyPress = [this](int& keyAscii) { window().keyPress(keyAscii); };
-  c_.registry.addWindowFactory("Tecles", [this] { window(); }, [this] { unload(); });
+  c_.registry.addWindowFactory(
+      "Tecles", [this] { window(); }, [this] { unload(); });
   c_.form1.menu("mnuTecles").onClick = [this] { show(); };
 }
 

@@ -20,8 +20,16 @@ class Tecles : public Window {
 
   static constexpr int kKeys = 18;
   // Key indices: 0..9 the digits, then these.
-  enum Key { At = 10, Add = 11, Plus = 12, Subtract = 13, Through = 14, Enter = 15, Full = 16,
-             Clear = 17 };
+  enum Key {
+    At = 10,
+    Add = 11,
+    Plus = 12,
+    Subtract = 13,
+    Through = 14,
+    Enter = 15,
+    Full = 16,
+    Clear = 17
+  };
 
   std::string caption = "Keyboard";
   bool stayOnTop = true;

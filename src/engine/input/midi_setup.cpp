@@ -119,9 +119,10 @@ void MidiSetupForm::ok() {
   auto take = [this](int i) -> std::optional<uint8_t> {
     auto value = controllerOf(txtMIDI(i).text());
     if (!value)
-      c_.dialogs().msgBox(caption, boxLabel(i) + " \"" + txtMIDI(i).text() +
-                                       "\" is not a controller number from 0 to 255",
-                          MsgButtons::OK, MsgIcon::Exclamation);
+      c_.dialogs().msgBox(
+          caption,
+          boxLabel(i) + " \"" + txtMIDI(i).text() + "\" is not a controller number from 0 to 255",
+          MsgButtons::OK, MsgIcon::Exclamation);
     return value;
   };
   for (int i = 3; i <= kBoxes; ++i) {

@@ -164,8 +164,7 @@ void RtMidiInPort::pump() {
 // ---- output ----
 
 RtMidiOutPort::RtMidiOutPort() : midi_(makeMidi<RtMidiOut>()) {
-  if (midi_)
-    midi_->setErrorCallback([](RtMidiError::Type, const std::string&, void*) {}, nullptr);
+  if (midi_) midi_->setErrorCallback([](RtMidiError::Type, const std::string&, void*) {}, nullptr);
 }
 
 RtMidiOutPort::~RtMidiOutPort() { close(); }

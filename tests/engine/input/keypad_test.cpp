@@ -68,7 +68,9 @@ TEST_F(Keypad, ASecondAtMeansFullAndFires) {
 TEST_F(Keypad, ComputerKeysPressTheKeypad) {
   Control* target = console().registry.find("Tecles");
   ASSERT_NE(target, nullptr);
-  for (int k : std::initializer_list<int>{'1', '+', '2', '/', '3', 'A', '9', '9', 13, 'x', ' ', 'Z'}) target->keyPress(k);
+  for (int k :
+       std::initializer_list<int>{'1', '+', '2', '/', '3', 'A', '9', '9', 13, 'x', ' ', 'Z'})
+    target->keyPress(k);
   for (int k : {'s', 'S', 'd', 'D', 'a', 'a'}) target->keyPress(k);
   ASSERT_EQ(entered.size(), 2u);
   EXPECT_EQ(entered[0], "1+2/3a99");

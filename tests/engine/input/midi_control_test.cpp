@@ -87,8 +87,13 @@ TEST_F(Midi, NotesLightTheChannelOfTheirNumberInTheMidiColumn) {
 }
 
 TEST_F(Midi, NonsenseMessagesAreHarmless) {
-  for (auto [s, a, b] : {std::array{176, 0, 128}, {144, 500, 1}, {144, -1, 1}, {128, 1000, 0},
-                         {240, 1, 2}, {-5, 0, 0}, {100000, 0, 0}})
+  for (auto [s, a, b] : {std::array{176, 0, 128},
+                         {144, 500, 1},
+                         {144, -1, 1},
+                         {128, 1000, 0},
+                         {240, 1, 2},
+                         {-5, 0, 0},
+                         {100000, 0, 0}})
     midi().messageIn(s, a, b);
   EXPECT_EQ(fader(3), 255);
   EXPECT_EQ(v().MixDirty, kFalse);
