@@ -16,7 +16,8 @@ namespace {
 constexpr int kCues = 1000;
 
 std::string benchFile() {
-  return (std::filesystem::temp_directory_path() / ("quintara-bench-" + std::to_string(getpid()) + ".qcl"))
+  return (std::filesystem::temp_directory_path() /
+          ("quintara-bench-" + std::to_string(getpid()) + ".qcl"))
       .string();
 }
 
@@ -52,7 +53,8 @@ void BM_LoadCueList1000x512(benchmark::State& state) {
     for (int row = 1; row <= kCues; ++row) {
       out << "MEM:" << row << "\r\nFUNCTION:1\r\nTIMES:25,25,25,25,\r\nNAME:Cue number " << row
           << "\r\nCHAN:";
-      for (int ch = 1; ch <= q::kChannels; ++ch) out << ch << 'a' << (row * 7 + ch * 13) % 255 + 1 << ',';
+      for (int ch = 1; ch <= q::kChannels; ++ch)
+        out << ch << 'a' << (row * 7 + ch * 13) % 255 + 1 << ',';
       out << "\r\n" << rule;
     }
   }

@@ -11,9 +11,12 @@ namespace q {
 
 namespace {
 bool isPlayerLoad(const Value& f, int& player) {
-  if (cellEquals(f, 31)) player = 0;
-  else if (cellEquals(f, 41)) player = 1;
-  else return false;
+  if (cellEquals(f, 31))
+    player = 0;
+  else if (cellEquals(f, 41))
+    player = 1;
+  else
+    return false;
   return true;
 }
 }  // namespace

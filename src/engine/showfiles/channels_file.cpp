@@ -31,7 +31,8 @@ void LoadChannels(Console& c, const std::string& path) {
       const std::string_view list = r.rest(5);
       // Read again at each line: the box above lets the operator pick another column.
       const int column = editColumnIndex(r, v);
-      readPairs(r, list, 1, kChannels, [&](long ch, uint8_t level) { v.chan(int(ch), column) = level; });
+      readPairs(r, list, 1, kChannels,
+                [&](long ch, uint8_t level) { v.chan(int(ch), column) = level; });
     }
   }
 }

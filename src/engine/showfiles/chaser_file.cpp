@@ -22,9 +22,8 @@ void LoadChaser(Console& c, const std::string& path, int chaser) {
     } else if (first == 'C') {
       const std::string_view list = r.rest(5);
       if (step > INT16_MAX) r.fail("more than 255 steps");
-      readPairs(r, list, 1, kChannels, [&](long ch, uint8_t level) {
-        steps.setCell(int16_t(step), int16_t(ch), level);
-      });
+      readPairs(r, list, 1, kChannels,
+                [&](long ch, uint8_t level) { steps.setCell(int16_t(step), int16_t(ch), level); });
       ++step;
     }
   }

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "engine/core/console.h"
+#include "engine/playback/cue_record.h"
 #include "engine/showfiles/file_numbers.h"
 #include "engine/showfiles/line_file.h"
 #include "engine/showfiles/show_formats.h"
@@ -14,7 +15,7 @@ namespace q {
 
 namespace {
 constexpr int16_t kNumberCol = 513, kFunctionCol = 514, kWaitUpCol = 515, kNameCol = 520,
-                  kVarCol = 521, kAutoGoCol = 522, kLastCueCol = 535;
+                  kVarCol = 521, kAutoGoCol = 522;
 
 // The optional lines, written as numbers and only when their cell is filled.
 struct OptionalLine {
@@ -60,7 +61,8 @@ void writeCue(TextOut& out, const Variables& v, int16_t row, bool clipboard) {
   out.line("MEM:", toText(cues.Cell(row, kNumberCol)));
   out.line("FUNCTION:", toText(cues.Cell(row, kFunctionCol)));
   std::string times;
-  for (int16_t col = kWaitUpCol; col < kWaitUpCol + 4; ++col) times += toText(cues.Cell(row, col)) + ",";
+  for (int16_t col = kWaitUpCol; col < kWaitUpCol + 4; ++col)
+    times += toText(cues.Cell(row, col)) + ",";
   out.line("TIMES:", times);
   out.line("NAME:", toText(cues.Cell(row, kNameCol)));
   const Value var = cues.Cell(row, kVarCol);
@@ -133,8 +135,12 @@ void readCueLines(Console& c, LineReader& r, bool withHeader) {
     const std::string_view rest = r.rest(k->cut);
     const int16_t row = v.CueCount;
     switch (k->key) {
-      case Key::Show: setCueListShowName(c, cp1252ToUtf8(rest)); break;
-      case Key::Date: setCueListShowDate(c, cp1252ToUtf8(rest)); break;
+      case Key::Show:
+        setCueListShowName(c, cp1252ToUtf8(rest));
+        break;
+      case Key::Date:
+        setCueListShowDate(c, cp1252ToUtf8(rest));
+        break;
       case Key::Mem:
         if (v.CueCount == INT16_MAX) r.fail("more than 32767 cues");
         ++v.CueCount;
@@ -143,32 +149,32 @@ void readCueLines(Console& c, LineReader& r, bool withHeader) {
       case Key::StoreIfAny:
         if (rest.empty()) break;
         [[fallthrough]];
-      case Key::Store: v.Cues.setCell(row, k->column, cp1252ToUtf8(rest)); break;
-      case Key::Times: readTimes(r, rest, v.Cues, row); break;
+      case Key::Store:
+        v.Cues.setCell(row, k->column, cp1252ToUtf8(rest));
+        break;
+      case Key::Times:
+        readTimes(r, rest, v.Cues, row);
+        break;
       case Key::Chan:
-        readPairs(r, rest, INT16_MIN, INT16_MAX, [&](long ch, uint8_t level) {
-          v.Cues.setCell(row, int16_t(ch), level);
-        });
+        readPairs(r, rest, INT16_MIN, INT16_MAX,
+                  [&](long ch, uint8_t level) { v.Cues.setCell(row, int16_t(ch), level); });
         break;
     }
   }
 }
 
-void wipeCues(Variables& v) {
-  for (int row = 1; row <= v.CueCount; ++row)
-    for (int col = 1; col <= kLastCueCol; ++col) v.Cues.setCell(int16_t(row), int16_t(col), Value{});
-  v.CueCount = 0;
-}
 }  // namespace
 
 std::string cueListShowName(Console& c) {
-  if (auto* t = c.registry.has("Cuewin.txt_Show") ? c.registry.find<TextBox>("Cuewin.txt_Show") : nullptr)
+  if (auto* t =
+          c.registry.has("Cuewin.txt_Show") ? c.registry.find<TextBox>("Cuewin.txt_Show") : nullptr)
     return t->text();
   return c.v.ShowName;
 }
 
 std::string cueListShowDate(Console& c) {
-  if (auto* t = c.registry.has("Cuewin.txt_Date") ? c.registry.find<TextBox>("Cuewin.txt_Date") : nullptr)
+  if (auto* t =
+          c.registry.has("Cuewin.txt_Date") ? c.registry.find<TextBox>("Cuewin.txt_Date") : nullptr)
     return t->text();
   return c.v.ShowDate;
 }

@@ -18,9 +18,7 @@ bool allDigits(std::string_view t) {
 }
 }  // namespace
 
-std::optional<double> realOf(std::string_view text) {
-  return parseNumber(std::string(text));
-}
+std::optional<double> realOf(std::string_view text) { return parseNumber(std::string(text)); }
 
 std::optional<long> wholeOf(std::string_view text) {
   // Nearly every number in a show is plain digits: read those without a copy.
@@ -40,8 +38,8 @@ long wholeIn(const LineReader& r, std::string_view text, long low, long high, co
   const auto v = wholeOf(text);
   if (!v) r.fail(std::string(what) + " is not a number");
   if (*v < low || *v > high)
-    r.fail(std::string(what) + " " + std::to_string(*v) + " outside " + std::to_string(low) +
-           ".." + std::to_string(high));
+    r.fail(std::string(what) + " " + std::to_string(*v) + " outside " + std::to_string(low) + ".." +
+           std::to_string(high));
   return *v;
 }
 

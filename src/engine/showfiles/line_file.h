@@ -29,7 +29,9 @@ class LineReader {
   const std::string& path() const { return path_; }
 
   // True when the line starts with key, compared exactly.
-  bool startsWith(std::string_view key) const { return std::string_view(line_).substr(0, key.size()) == key; }
+  bool startsWith(std::string_view key) const {
+    return std::string_view(line_).substr(0, key.size()) == key;
+  }
   // The line less its first n bytes, as the 8-bit text; fails the line when it is shorter.
   std::string_view rest(size_t n) const;
   // The same, as UTF-8 text.

@@ -18,7 +18,8 @@ void SaveShow(Console& c, const std::string& path) {
   std::string base = path;
   if (!dropLastChars(base, 4)) throw FileError(path, 0, "file name shorter than four characters");
   // The index names its companions in the show files' code page.
-  if (!fitsCp1252(base)) throw FileError(path, 0, "file name has characters a show file can't hold");
+  if (!fitsCp1252(base))
+    throw FileError(path, 0, "file name has characters a show file can't hold");
   SaveChaser(c, base + "1.qfx", 0, c.v.FXRandom[0]);
   SaveChaser(c, base + "2.qfx", 1, c.v.FXRandom[1]);
   SaveCueList(c, base + ".qcl");
@@ -62,13 +63,27 @@ void LoadShow(Console& c, const std::string& path) {
       if (line.compare(0, 3, k.prefix) != 0) continue;
       const std::string value = index.restText(k.cut);
       switch (k.key) {
-        case Key::Name: c.v.ShowName = value; break;
-        case Key::Date: c.v.ShowDate = value; break;
-        case Key::Submasters: LoadSubmasters(c, value); break;
-        case Key::CueList: LoadCueList(c, value); break;
-        case Key::Chaser1: LoadChaser(c, value, 0); break;
-        case Key::Chaser2: LoadChaser(c, value, 1); break;
-        case Key::Patch: LoadPatch(c, value); break;
+        case Key::Name:
+          c.v.ShowName = value;
+          break;
+        case Key::Date:
+          c.v.ShowDate = value;
+          break;
+        case Key::Submasters:
+          LoadSubmasters(c, value);
+          break;
+        case Key::CueList:
+          LoadCueList(c, value);
+          break;
+        case Key::Chaser1:
+          LoadChaser(c, value, 0);
+          break;
+        case Key::Chaser2:
+          LoadChaser(c, value, 1);
+          break;
+        case Key::Patch:
+          LoadPatch(c, value);
+          break;
       }
       break;
     }

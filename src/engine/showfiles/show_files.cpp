@@ -73,14 +73,22 @@ bool ShowFiles::trySave(const std::string& path, const std::function<void()>& wr
 bool ShowFiles::load(const std::string& kind, const std::string& path) {
   Console& c = c_;
   std::function<void()> read;
-  if (kind == "show") read = [&] { LoadShow(c, path); };
-  else if (kind == "cuelist") read = [&] { LoadCueList(c, path); };
-  else if (kind == "submasters") read = [&] { LoadSubmasters(c, path); };
-  else if (kind == "chaser1") read = [&] { LoadChaser(c, path, 0); };
-  else if (kind == "chaser2") read = [&] { LoadChaser(c, path, 1); };
-  else if (kind == "patch") read = [&] { LoadPatch(c, path); };
-  else if (kind == "channels") read = [&] { LoadChannels(c, path); };
-  else return false;
+  if (kind == "show")
+    read = [&] { LoadShow(c, path); };
+  else if (kind == "cuelist")
+    read = [&] { LoadCueList(c, path); };
+  else if (kind == "submasters")
+    read = [&] { LoadSubmasters(c, path); };
+  else if (kind == "chaser1")
+    read = [&] { LoadChaser(c, path, 0); };
+  else if (kind == "chaser2")
+    read = [&] { LoadChaser(c, path, 1); };
+  else if (kind == "patch")
+    read = [&] { LoadPatch(c, path); };
+  else if (kind == "channels")
+    read = [&] { LoadChannels(c, path); };
+  else
+    return false;
   tryLoad(path, read);
   return true;
 }
@@ -88,14 +96,22 @@ bool ShowFiles::load(const std::string& kind, const std::string& path) {
 bool ShowFiles::save(const std::string& kind, const std::string& path) {
   Console& c = c_;
   std::function<void()> write;
-  if (kind == "show") write = [&] { SaveShow(c, path); };
-  else if (kind == "cuelist") write = [&] { SaveCueList(c, path); };
-  else if (kind == "submasters") write = [&] { SaveSubmasters(c, path); };
-  else if (kind == "chaser1") write = [&] { SaveChaser(c, path, 0, c.v.FXRandom[0]); };
-  else if (kind == "chaser2") write = [&] { SaveChaser(c, path, 1, c.v.FXRandom[1]); };
-  else if (kind == "patch") write = [&] { SavePatch(c, path); };
-  else if (kind == "channels") write = [&] { SaveChannels(c, path, ""); };
-  else return false;
+  if (kind == "show")
+    write = [&] { SaveShow(c, path); };
+  else if (kind == "cuelist")
+    write = [&] { SaveCueList(c, path); };
+  else if (kind == "submasters")
+    write = [&] { SaveSubmasters(c, path); };
+  else if (kind == "chaser1")
+    write = [&] { SaveChaser(c, path, 0, c.v.FXRandom[0]); };
+  else if (kind == "chaser2")
+    write = [&] { SaveChaser(c, path, 1, c.v.FXRandom[1]); };
+  else if (kind == "patch")
+    write = [&] { SavePatch(c, path); };
+  else if (kind == "channels")
+    write = [&] { SaveChannels(c, path, ""); };
+  else
+    return false;
   trySave(path, write);
   return true;
 }

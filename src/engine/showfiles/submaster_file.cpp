@@ -47,7 +47,8 @@ void writeBlock(TextOut& out, Console& c, int n) {
   out.line("NAME:", f.Slabel(e).text());
   out.line("TOOLTIP:", f.Fader(e).toolTip);
   out.line("FONT:", fontLine(f.Slabel(e).style));
-  out.line("BACKGROUND:" + std::to_string(fileColorOf(f.Slabel(e).style.backColor, kSystemWindowBack)));
+  out.line("BACKGROUND:" +
+           std::to_string(fileColorOf(f.Slabel(e).style.backColor, kSystemWindowBack)));
   out.line("MIDI:" + std::to_string(c.v.SubMidi[n - 1]));
   out.line("LEVEL:" + std::to_string(255 - f.Fader(e).position()));
   std::string& raw = out.raw();
@@ -111,7 +112,20 @@ void readFont(const LineReader& r, std::string_view rest, TextBox& box) {
   apply([&](TextStyle& s) { s.foreColor = rgbOfFileColor(int32_t(color)); });
 }
 
-enum class Key { Show, Date, Sub, Background, Font, Name, Function, Tooltip, Midi, Knob, Level, Chan };
+enum class Key {
+  Show,
+  Date,
+  Sub,
+  Background,
+  Font,
+  Name,
+  Function,
+  Tooltip,
+  Midi,
+  Knob,
+  Level,
+  Chan
+};
 struct KeyRule {
   const char* prefix;
   Key key;
@@ -159,8 +173,12 @@ class SubmasterReader {
   void apply(Key key, std::string_view rest) {
     MainWindow& f = c_.form1;
     switch (key) {
-      case Key::Show: c_.v.ShowName = cp1252ToUtf8(rest); break;
-      case Key::Date: c_.v.ShowDate = cp1252ToUtf8(rest); break;
+      case Key::Show:
+        c_.v.ShowName = cp1252ToUtf8(rest);
+        break;
+      case Key::Date:
+        c_.v.ShowDate = cp1252ToUtf8(rest);
+        break;
       case Key::Sub:
         element_ = wholeIn(r_, rest, INT16_MIN, INT16_MAX - 2, "submaster") + 2;
         subSeen_ = true;
@@ -173,10 +191,18 @@ class SubmasterReader {
         f.Slabel(e).setStyle(s);
         break;
       }
-      case Key::Font: readFont(r_, rest, f.Slabel(strip())); break;
-      case Key::Name: f.Slabel(strip()).setText(cp1252ToUtf8(rest)); break;
-      case Key::Function: f.FaderFunc(strip()).setCaption(cp1252ToUtf8(rest)); break;
-      case Key::Tooltip: f.Fader(strip()).toolTip = cp1252ToUtf8(rest); break;
+      case Key::Font:
+        readFont(r_, rest, f.Slabel(strip()));
+        break;
+      case Key::Name:
+        f.Slabel(strip()).setText(cp1252ToUtf8(rest));
+        break;
+      case Key::Function:
+        f.FaderFunc(strip()).setCaption(cp1252ToUtf8(rest));
+        break;
+      case Key::Tooltip:
+        f.Fader(strip()).toolTip = cp1252ToUtf8(rest);
+        break;
       case Key::Midi: {
         const int e = strip();
         c_.v.SubMidi[e - kFirstStrip] = byteIn(r_, rest, "MIDI controller");
@@ -202,9 +228,8 @@ class SubmasterReader {
         if (element_ < 1 || element_ > kColumns)
           r_.fail("submaster " + std::to_string(element_ - 2) + " outside 1..20");
         const int column = int(element_) - 1;
-        readPairs(r_, rest, 1, kChannels, [&](long ch, uint8_t level) {
-          c_.v.chan(int(ch), column) = level;
-        });
+        readPairs(r_, rest, 1, kChannels,
+                  [&](long ch, uint8_t level) { c_.v.chan(int(ch), column) = level; });
         break;
       }
     }

@@ -82,7 +82,7 @@ TEST_F(CueFunctionsTest, LevelChangeSetsTheStripsFromTheFirstTwentyColumns) {
   EXPECT_EQ(get("SubLevel(3)"), "30");
   EXPECT_EQ(form1().Fader(6).position(), 100);
   EXPECT_EQ(form1().Fader(7).position(), 255);  // an empty column is level 0
-  EXPECT_EQ(get("SLevel(4)"), "08");  // the strip's own handling ran
+  EXPECT_EQ(get("SLevel(4)"), "08");            // the strip's own handling ran
 }
 
 TEST_F(CueFunctionsTest, ProgramSubRecordsTheRowIntoItsSubmasterColumn) {

@@ -7,7 +7,9 @@ namespace q::test {
 
 class CueListFileTest : public FilesFixture {
  protected:
-  void setText(int row, int col, const std::string& t) { v().Cues.setCell(int16_t(row), int16_t(col), t); }
+  void setText(int row, int col, const std::string& t) {
+    v().Cues.setCell(int16_t(row), int16_t(col), t);
+  }
   std::string cue(int row, int col) { return cell(v().Cues, row, col); }
   // Loads through the operator's path: a failure becomes the error box.
   void load(const std::string& p) { console().files.load("cuelist", p); }
@@ -23,8 +25,8 @@ TEST_F(CueListFileTest, SaveWritesTheLayoutWithNumbersForTheOptionalLines) {
   for (int c = 515; c <= 518; ++c) setText(1, c, std::to_string(c - 510));
   setText(1, 520, "Opening, a look");
   setText(1, 521, "song.wav");
-  setText(1, 522, "");         // filled but empty: written as the number 0
-  setText(1, 523, "2.50 x");   // read leniently: 2.5
+  setText(1, 522, "");        // filled but empty: written as the number 0
+  setText(1, 523, "2.50 x");  // read leniently: 2.5
   vars.Cues.setCell(1, 530, 128.0);
   vars.Cues.setCell(1, 1, uint8_t(255));
   vars.Cues.setCell(1, 17, uint8_t(40));
@@ -33,21 +35,37 @@ TEST_F(CueListFileTest, SaveWritesTheLayoutWithNumbersForTheOptionalLines) {
   setText(2, 513, "2.5");
   setText(2, 514, "07");
   console().files.save("cuelist", path("a.qcl"));
-  EXPECT_EQ(read(path("a.qcl")),
-            crlf({kRule, "SHOW:Hamlet", "DATE:1.2.2024", kRule, "MEM:1", "FUNCTION:1",
-                  "TIMES:5,6,7,8,", "NAME:Opening, a look", "VAR:song.wav", "AUTOGO:0", "PLR1:2.5",
-                  "FX1L:128", "CHAN:1a255,17a40,", kRule, "MEM:2.5", "FUNCTION:07", "TIMES:,,,,",
-                  "NAME:", "CHAN:", kRule}));
+  EXPECT_EQ(read(path("a.qcl")), crlf({kRule,
+                                       "SHOW:Hamlet",
+                                       "DATE:1.2.2024",
+                                       kRule,
+                                       "MEM:1",
+                                       "FUNCTION:1",
+                                       "TIMES:5,6,7,8,",
+                                       "NAME:Opening, a look",
+                                       "VAR:song.wav",
+                                       "AUTOGO:0",
+                                       "PLR1:2.5",
+                                       "FX1L:128",
+                                       "CHAN:1a255,17a40,",
+                                       kRule,
+                                       "MEM:2.5",
+                                       "FUNCTION:07",
+                                       "TIMES:,,,,",
+                                       "NAME:",
+                                       "CHAN:",
+                                       kRule}));
 }
 
 TEST_F(CueListFileTest, ReaderTakesFourLettersKeepsTextsAndFollowsTheLastMem) {
   v().CueCount = 3;  // an old list, wiped by the load
   setText(3, 520, "old");
-  load(write("b.qcl",
-             {"NAME:before any cue", "SHOW:Tempest", "DATE:today", kRule, "mem:lower case is skipped",
-              "MEM:10", "CHAN:3a7,1a255,", "NAMEs are cut after five:x", "TIMES:1,2.5,,4,extra",
-              "FUNCTION:02", "VAR:", "AUTOGO:", "' any comment", "MEM:11", "FX2S:abc", "VAR:run me"},
-             "\n"));
+  load(write(
+      "b.qcl",
+      {"NAME:before any cue", "SHOW:Tempest", "DATE:today", kRule, "mem:lower case is skipped",
+       "MEM:10", "CHAN:3a7,1a255,", "NAMEs are cut after five:x", "TIMES:1,2.5,,4,extra",
+       "FUNCTION:02", "VAR:", "AUTOGO:", "' any comment", "MEM:11", "FX2S:abc", "VAR:run me"},
+      "\n"));
   EXPECT_TRUE(dialogs.shown.empty());
   EXPECT_EQ(get("CueCount"), "2");
   EXPECT_EQ(get("ShowName"), "Tempest");
@@ -60,7 +78,7 @@ TEST_F(CueListFileTest, ReaderTakesFourLettersKeepsTextsAndFollowsTheLastMem) {
   EXPECT_EQ(v().Cues.Cell(1, 516), Value(std::string("2.5")));  // the rest stays text
   EXPECT_EQ(cue(1, 517), "");
   EXPECT_EQ(cue(1, 518), "4");
-  EXPECT_TRUE(v().Cues.cellIsEmpty(1, 521));  // an empty VAR: stores nothing ...
+  EXPECT_TRUE(v().Cues.cellIsEmpty(1, 521));   // an empty VAR: stores nothing ...
   EXPECT_FALSE(v().Cues.cellIsEmpty(1, 522));  // ... an empty AUTOGO: an empty text
   EXPECT_EQ(cue(2, 534), "abc");
   EXPECT_EQ(cue(2, 521), "run me");
@@ -94,7 +112,8 @@ TEST_F(CueListFileTest, AMissingFileLeavesTheListAsItWas) {
   v().CueCount = 1;
   setText(1, 513, "4");
   load(path("none.qcl"));
-  EXPECT_EQ(lastBox(), "MSGBOX ERROR | Error loading file : " + path("none.qcl") + ", file not found");
+  EXPECT_EQ(lastBox(),
+            "MSGBOX ERROR | Error loading file : " + path("none.qcl") + ", file not found");
   EXPECT_EQ(get("CueCount"), "1");
   EXPECT_EQ(cue(1, 513), "4");
 }
@@ -110,7 +129,8 @@ TEST_F(CueListFileTest, SavedListReadsBackCellForCellAndWritesTheSameBytes) {
     for (int c = 515; c <= 518; ++c) setText(row, c, std::to_string(row % 5));
     setText(row, 520, "Cue «" + std::to_string(row) + "»");
     if (row % 3 == 0) setText(row, 524, std::to_string(row));
-    for (int ch = row; ch <= 512; ch += 13) vars.Cues.setCell(int16_t(row), int16_t(ch), uint8_t(ch % 256));
+    for (int ch = row; ch <= 512; ch += 13)
+      vars.Cues.setCell(int16_t(row), int16_t(ch), uint8_t(ch % 256));
   }
   std::vector<std::string> before;
   for (int row = 1; row <= 40; ++row)
@@ -142,8 +162,8 @@ TEST_F(CueListFileTest, ClipboardCopiesOneRowAndPasteAppendsAndRenamesTheLast) {
   vars.ShowName = "Show";
   SaveCueClipboard(console(), console().files.cueClipboardPath(), 2);
   EXPECT_EQ(read(console().files.cueClipboardPath()),
-            crlf({kRule, "NAME:Show", "DATE:No save date", kRule, "MEM:2", "FUNCTION:", "TIMES:,,,,",
-                  "NAME:cue 2", "VAR:", "VAR:x.wav", "CHAN:5a50,", kRule}));
+            crlf({kRule, "NAME:Show", "DATE:No save date", kRule, "MEM:2", "FUNCTION:",
+                  "TIMES:,,,,", "NAME:cue 2", "VAR:", "VAR:x.wav", "CHAN:5a50,", kRule}));
   PasteCueClipboard(console(), console().files.cueClipboardPath());
   EXPECT_EQ(vars.CueCount, 4);
   EXPECT_EQ(cue(3, 520), "Show");  // the header's NAME: lands on the row that was last

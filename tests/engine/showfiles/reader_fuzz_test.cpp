@@ -18,10 +18,11 @@ namespace {
 const std::filesystem::path kCorpus = std::filesystem::path(__FILE__).parent_path() / "corpus";
 
 // Bytes that make a mutation reach deeper than random noise does.
-const char* const kTokens[] = {"CHAN:", "SUB:",  "MEM:", "TIMES:", "FONT:", "KNOB: ", "LEVEL:",
-                               "RANDOM:YES", "PATCH: ON", "NAME:", "a",  ",",     ";",      "\r\n",
-                               "\n", "255",  "256",  "-1",   "0",      "99999", "1.5",   "True",
-                               "SUBMASTERS:", "CUELIST:", "FX1:", ":", "'",  "\xE9", "\x81"};
+const char* const kTokens[] = {
+    "CHAN:",     "SUB:",  "MEM:", "TIMES:", "FONT:", "KNOB: ", "LEVEL:",      "RANDOM:YES",
+    "PATCH: ON", "NAME:", "a",    ",",      ";",     "\r\n",   "\n",          "255",
+    "256",       "-1",    "0",    "99999",  "1.5",   "True",   "SUBMASTERS:", "CUELIST:",
+    "FX1:",      ":",     "'",    "\xE9",   "\x81"};
 
 class Mutator {
  public:
@@ -33,18 +34,30 @@ class Mutator {
   }
 
  private:
-  size_t pick(size_t n) { return n == 0 ? 0 : std::uniform_int_distribution<size_t>(0, n - 1)(rng_); }
+  size_t pick(size_t n) {
+    return n == 0 ? 0 : std::uniform_int_distribution<size_t>(0, n - 1)(rng_);
+  }
   void mutateOnce(std::string& s) {
     const size_t at = pick(s.size() + 1);
     switch (pick(6)) {
       case 0:
         if (!s.empty()) s[pick(s.size())] = char(pick(256));
         break;
-      case 1: s.insert(at, kTokens[pick(std::size(kTokens))]); break;
-      case 2: s.erase(at, pick(16)); break;
-      case 3: s.insert(at, s.substr(pick(s.size() + 1), pick(64))); break;
-      case 4: s.resize(at); break;
-      default: s.insert(at, 1, char(pick(256))); break;
+      case 1:
+        s.insert(at, kTokens[pick(std::size(kTokens))]);
+        break;
+      case 2:
+        s.erase(at, pick(16));
+        break;
+      case 3:
+        s.insert(at, s.substr(pick(s.size() + 1), pick(64)));
+        break;
+      case 4:
+        s.resize(at);
+        break;
+      default:
+        s.insert(at, 1, char(pick(256)));
+        break;
     }
   }
   std::mt19937 rng_;
@@ -66,7 +79,8 @@ class ReaderFuzzTest : public FilesFixture {
     ASSERT_FALSE(seedText.empty()) << seedFile;
     Mutator mutate(seed);
     const std::string target = path("fuzz-" + seedFile);
-    const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(secondsPerReader());
+    const auto end =
+        std::chrono::steady_clock::now() + std::chrono::duration<double>(secondsPerReader());
     int runs = 0, stopped = 0;
     for (; std::chrono::steady_clock::now() < end || runs < 50; ++runs) {
       writeRaw("fuzz-" + seedFile, mutate(seedText));
@@ -98,23 +112,30 @@ class ReaderFuzzTest : public FilesFixture {
 };
 
 TEST_F(ReaderFuzzTest, CueList) {
-  fuzz("cuelist.qcl", [&](const std::string& p) { LoadCueList(console(), p); }, 1);
-  fuzz("cuelist.qcl", [&](const std::string& p) { PasteCueClipboard(console(), p); }, 2);
+  fuzz(
+      "cuelist.qcl", [&](const std::string& p) { LoadCueList(console(), p); }, 1);
+  fuzz(
+      "cuelist.qcl", [&](const std::string& p) { PasteCueClipboard(console(), p); }, 2);
 }
 TEST_F(ReaderFuzzTest, Submasters) {
-  fuzz("submasters.qsm", [&](const std::string& p) { LoadSubmasters(console(), p); }, 3);
+  fuzz(
+      "submasters.qsm", [&](const std::string& p) { LoadSubmasters(console(), p); }, 3);
 }
 TEST_F(ReaderFuzzTest, Chaser) {
-  fuzz("chaser.qfx", [&](const std::string& p) { LoadChaser(console(), p, 1); }, 4);
+  fuzz(
+      "chaser.qfx", [&](const std::string& p) { LoadChaser(console(), p, 1); }, 4);
 }
 TEST_F(ReaderFuzzTest, Patch) {
-  fuzz("patch.qpf", [&](const std::string& p) { LoadPatch(console(), p); }, 5);
+  fuzz(
+      "patch.qpf", [&](const std::string& p) { LoadPatch(console(), p); }, 5);
 }
 TEST_F(ReaderFuzzTest, Channels) {
-  fuzz("channels.qch", [&](const std::string& p) { LoadChannels(console(), p); }, 6);
+  fuzz(
+      "channels.qch", [&](const std::string& p) { LoadChannels(console(), p); }, 6);
 }
 TEST_F(ReaderFuzzTest, Show) {
-  fuzz("show.qsh", [&](const std::string& p) { LoadShow(console(), p); }, 7);
+  fuzz(
+      "show.qsh", [&](const std::string& p) { LoadShow(console(), p); }, 7);
 }
 
 }  // namespace q::test

@@ -25,17 +25,22 @@ class ShowBundleTest : public FilesFixture {
     s.push_back("name " + vars.ShowName + " / " + vars.ShowDate);
     for (int ch = 1; ch <= 512; ++ch)
       for (int col = 2; col <= 21; ++col)
-        if (vars.chan(ch, col)) s.push_back("chan " + std::to_string(ch) + "," + std::to_string(col) + "=" + std::to_string(vars.chan(ch, col)));
+        if (vars.chan(ch, col))
+          s.push_back("chan " + std::to_string(ch) + "," + std::to_string(col) + "=" +
+                      std::to_string(vars.chan(ch, col)));
     for (int row = 1; row <= vars.CueCount; ++row)
       for (int col = 1; col <= 535; ++col)
         if (!vars.Cues.cellIsEmpty(int16_t(row), int16_t(col)))
-          s.push_back("cue " + std::to_string(row) + "," + std::to_string(col) + "=" + cell(vars.Cues, row, col));
+          s.push_back("cue " + std::to_string(row) + "," + std::to_string(col) + "=" +
+                      cell(vars.Cues, row, col));
     for (int k = 0; k < 2; ++k) {
-      s.push_back("fx " + std::to_string(vars.FXStepCount[k]) + " " + std::to_string(vars.FXRandom[k]));
+      s.push_back("fx " + std::to_string(vars.FXStepCount[k]) + " " +
+                  std::to_string(vars.FXRandom[k]));
       for (int st = 1; st <= vars.FXStepCount[k]; ++st)
         for (int ch = 1; ch <= 512; ++ch)
           if (!vars.fxData(k).cellIsEmpty(int16_t(st), int16_t(ch)))
-            s.push_back("step " + std::to_string(st) + "," + std::to_string(ch) + "=" + cell(vars.fxData(k), st, ch));
+            s.push_back("step " + std::to_string(st) + "," + std::to_string(ch) + "=" +
+                        cell(vars.fxData(k), st, ch));
     }
     for (int n = 3; n <= 22; ++n)
       s.push_back("strip " + f.FaderFunc(n).caption() + "|" + f.Slabel(n).text() + "|" +
@@ -47,18 +52,25 @@ class ShowBundleTest : public FilesFixture {
   }
   std::vector<std::string> companions(const std::string& base) {
     std::vector<std::string> files;
-    for (const char* ext : {".qsh", ".qsm", ".qcl", "1.qfx", "2.qfx", ".qpf"}) files.push_back(read(base + ext));
+    for (const char* ext : {".qsh", ".qsm", ".qcl", "1.qfx", "2.qfx", ".qpf"})
+      files.push_back(read(base + ext));
     return files;
   }
 };
 
 TEST_F(ShowBundleTest, ShowBuiltByCommandsSurvivesSaveWipeAndLoad) {
   v().MaxChans = 512;
-  script({"press FaderCFG(3)", "type Direct 1/10a60", "enter Direct", "set Fader(3) 40",
-          "press FaderCFG(7)", "type Direct 500/512aff", "enter Direct", "type Slabel(7) Blue side",
-          "press FaderCFG(2)", "type Direct 1/5a50", "enter Direct", "answer 1", "answer Opening",
-          "press ProgMemSave", "type PROGMem ", "type PROGName ", "type Direct 300/305a99", "enter Direct",
-          "type WupTime 5", "answer 2.5", "answer Ruhe, Stille", "press ProgMemSave"});
+  script({"press FaderCFG(3)",      "type Direct 1/10a60",
+          "enter Direct",           "set Fader(3) 40",
+          "press FaderCFG(7)",      "type Direct 500/512aff",
+          "enter Direct",           "type Slabel(7) Blue side",
+          "press FaderCFG(2)",      "type Direct 1/5a50",
+          "enter Direct",           "answer 1",
+          "answer Opening",         "press ProgMemSave",
+          "type PROGMem ",          "type PROGName ",
+          "type Direct 300/305a99", "enter Direct",
+          "type WupTime 5",         "answer 2.5",
+          "answer Ruhe, Stille",    "press ProgMemSave"});
   ASSERT_EQ(v().CueCount, 2);
   // The chasers' editor and the patch window aren't commands yet: filled as they would fill them.
   v().FXStepCount[0] = 3;
@@ -93,18 +105,19 @@ TEST_F(ShowBundleTest, ShowBuiltByCommandsSurvivesSaveWipeAndLoad) {
   EXPECT_EQ(snapshot(), before);
   script({"save show " + path("faust.qsh")});
   EXPECT_EQ(companions(path("faust")), files);
-  EXPECT_EQ(read(path("faust.qsh")),
-            crlf({kRule, "NAME:Faust", "DATE:No save date", kRule, "SUBMASTERS:" + path("faust.qsm"),
-                  "CUELIST:" + path("faust.qcl"), "FX1:" + path("faust1.qfx"),
-                  "FX2:" + path("faust2.qfx"), "PATCH:" + path("faust.qpf")}));
+  EXPECT_EQ(
+      read(path("faust.qsh")),
+      crlf({kRule, "NAME:Faust", "DATE:No save date", kRule, "SUBMASTERS:" + path("faust.qsm"),
+            "CUELIST:" + path("faust.qcl"), "FX1:" + path("faust1.qfx"),
+            "FX2:" + path("faust2.qfx"), "PATCH:" + path("faust.qpf")}));
 }
 
 TEST_F(ShowBundleTest, ACompanionThatFailsStopsTheShowThereAndNamesItself) {
   v().CueCount = 0;
   const std::string cues = write("x.qcl", {"MEM:1", "MEM:2"});
   const std::string subs = write("x.qsm", {"SUB:1", "NAME:ok", "CHAN:1a5,2a300,", "NAME:never"});
-  const std::string p = write("x.qsh", {"NAME:X", "CUELIST:" + cues, "SUBMASTERS:" + subs,
-                                        "PATCH:" + path("missing.qpf")});
+  const std::string p = write(
+      "x.qsh", {"NAME:X", "CUELIST:" + cues, "SUBMASTERS:" + subs, "PATCH:" + path("missing.qpf")});
   console().files.load("show", p);
   ASSERT_EQ(dialogs.shown.size(), 1u);
   EXPECT_EQ(lastBox(), "MSGBOX ERROR | Error loading file : " + subs + ", line 3: level above 255");
@@ -122,7 +135,8 @@ TEST_F(ShowBundleTest, ACompanionThatFailsStopsTheShowThereAndNamesItself) {
   EXPECT_EQ(form1().Slabel(3).text(), "fixed");
   // An index line shorter than its keyword is a bad line of the index itself.
   console().files.load("show", write("y.qsh", {"PAT"}));
-  EXPECT_EQ(lastBox(), "MSGBOX ERROR | Error loading file : " + path("y.qsh") + ", line 1: line shorter than its keyword");
+  EXPECT_EQ(lastBox(), "MSGBOX ERROR | Error loading file : " + path("y.qsh") +
+                           ", line 1: line shorter than its keyword");
 }
 
 TEST_F(ShowBundleTest, ASaveThatCannotBeWrittenLeavesTheOldFilesWhole) {
@@ -139,7 +153,8 @@ TEST_F(ShowBundleTest, ASaveThatCannotBeWrittenLeavesTheOldFilesWhole) {
   for (const auto& e : std::filesystem::directory_iterator(home()))
     EXPECT_EQ(e.path().filename().string().find(".~"), std::string::npos) << e.path();
   console().files.save("show", "abc");
-  EXPECT_EQ(lastBox(), "MSGBOX ERROR | Error saving file : abc, file name shorter than four characters");
+  EXPECT_EQ(lastBox(),
+            "MSGBOX ERROR | Error saving file : abc, file name shorter than four characters");
 }
 
 TEST_F(ShowBundleTest, RecentListFillsDownwardsThenShiftsBelowItsFirstEntry) {
@@ -155,7 +170,8 @@ TEST_F(ShowBundleTest, RecentListFillsDownwardsThenShiftsBelowItsFirstEntry) {
   // Full: slot 0 stays, the rest shift, and slot 1 takes the chooser's last name.
   console().CDialog1.FileName = "chooser.qsm";
   files.AddRecent("f.qsh");
-  EXPECT_EQ(captions(), (std::vector<std::string>{"a.qsh", "chooser.qsm", "b.qsh", "c.qsh", "d.qsh"}));
+  EXPECT_EQ(captions(),
+            (std::vector<std::string>{"a.qsh", "chooser.qsm", "b.qsh", "c.qsh", "d.qsh"}));
   EXPECT_EQ(console().settings.ini().read("Recent", "Snap1", ""), "chooser.qsm");
   // A cancelled open on a full list blanks slot 1, which isn't written.
   form1().menu("mnuOpen").click();
@@ -183,7 +199,8 @@ TEST_F(ShowBundleTest, OpenLoadsByLowerCaseExtensionAndRecentKeepsItsOwnBox) {
   // A failed open shows the detailed box and leaves the list alone.
   dialogs.queueAnswer(path("gone.qsh"));
   form1().menu("mnuOpen").click();
-  EXPECT_EQ(lastBox(), "MSGBOX ERROR | Error loading file : " + path("gone.qsh") + ", file not found");
+  EXPECT_EQ(lastBox(),
+            "MSGBOX ERROR | Error loading file : " + path("gone.qsh") + ", file not found");
   EXPECT_EQ(form1().mnuRecent(2).caption(), "");
 }
 

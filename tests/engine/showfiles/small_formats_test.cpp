@@ -10,7 +10,7 @@ TEST_F(SmallFormatsTest, ChaserKeepsFilledCellsAndReadsIntoEitherChaserWithoutCl
   Variables& vars = v();
   vars.FXStepCount[0] = 2;
   vars.FX1Data.setCell(1, 1, uint8_t(255));
-  vars.FX1Data.setCell(1, 3, uint8_t(0));  // filled with 0: kept
+  vars.FX1Data.setCell(1, 3, uint8_t(0));    // filled with 0: kept
   vars.FX1Data.setCell(1, 200, uint8_t(9));  // above MaxChans
   SaveChaser(console(), path("c.qfx"), 0, kTrue);
   EXPECT_EQ(read(path("c.qfx")), crlf({"FX:0", "SHOW:Unnamed", "DATE:No save date", "RANDOM:YES",
@@ -44,7 +44,8 @@ TEST_F(SmallFormatsTest, AChaserOfMoreThan255StepsLoadsItsStepsButNotItsCount) {
   const std::string p = writeRaw("long.qfx", text);
   v().FXStepCount[0] = 4;
   console().files.load("chaser1", p);
-  EXPECT_EQ(lastBox(), "MSGBOX ERROR | Error loading file : " + p + ", line 256: more than 255 steps");
+  EXPECT_EQ(lastBox(),
+            "MSGBOX ERROR | Error loading file : " + p + ", line 256: more than 255 steps");
   EXPECT_EQ(v().FXStepCount[0], 4);
   EXPECT_EQ(cell(v().FX1Data, 255, 1), "255");
 }
@@ -68,11 +69,12 @@ TEST_F(SmallFormatsTest, PatchWritesAll512AndReadsLinesByTheirFirstLetter) {
   console().files.load("patch", write("q.qpf", {"Patch is On", "3:  -7", "4:9.5xyz"}));
   EXPECT_EQ(vars.PatchOn, kFalse);
   EXPECT_EQ(vars.PatchMap[2], -7);
-  EXPECT_EQ(vars.PatchMap[3], 10);  // rounded half to even
+  EXPECT_EQ(vars.PatchMap[3], 10);   // rounded half to even
   EXPECT_EQ(vars.PatchMap[4], 508);  // untouched
   // An empty line is an entry for channel 0, which doesn't exist.
   console().files.load("patch", write("r.qpf", {"PATCH: ON", "5:1", "", "6:1"}));
-  EXPECT_EQ(lastBox(), "MSGBOX ERROR | Error loading file : " + path("r.qpf") + ", line 3: entry 0 outside 1..512");
+  EXPECT_EQ(lastBox(), "MSGBOX ERROR | Error loading file : " + path("r.qpf") +
+                           ", line 3: entry 0 outside 1..512");
   EXPECT_EQ(vars.PatchMap[4], 1);
   EXPECT_EQ(vars.PatchMap[5], 507);
   EXPECT_EQ(vars.PatchOn, kTrue);
@@ -85,7 +87,8 @@ TEST_F(SmallFormatsTest, ChannelsSaveTheEditColumnAndLoadMergesIntoTheColumnOfTh
   vars.chan(2, 4) = 0;
   vars.chan(128, 4) = 20;
   SaveChannels(console(), path("c.qch"), "Warm");
-  EXPECT_EQ(read(path("c.qch")), crlf({kRule, "NAME:Warm", "DATE:", kRule, "CHAN:1a10,128a20,", kRule}));
+  EXPECT_EQ(read(path("c.qch")),
+            crlf({kRule, "NAME:Warm", "DATE:", kRule, "CHAN:1a10,128a20,", kRule}));
   vars.EditColumn = 2;
   vars.chan(3, 1) = 33;
   dialogs.queueAnswer("OK");
@@ -110,7 +113,7 @@ TEST_F(SmallFormatsTest, ChannelClipboardCopiesCutsAndPastesBetweenColumns) {
   vars.chan(5, 3) = 55;
   f.menu("mnuChanPaste").click();
   EXPECT_EQ(vars.chan(4, 3), 44);
-  EXPECT_EQ(vars.chan(5, 3), 55);  // merged
+  EXPECT_EQ(vars.chan(5, 3), 55);      // merged
   EXPECT_TRUE(dialogs.shown.empty());  // the clipboard has no name and stays quiet
   EXPECT_EQ(read(console().files.channelClipboardPath()),
             crlf({kRule, "NAME:", "DATE:", kRule, "CHAN:4a44,", kRule}));

@@ -44,18 +44,19 @@ TEST_F(SubmasterFileTest, SaveWritesEachBlockWithItsBlanksFontFieldsAndNonZeroLe
                   "LEVEL:200", "CHAN:1a255,7a128,", kRule}));
   // A strip left at the toolkit's look carries the system colours.
   EXPECT_EQ(block(path("s.qsm"), 3),
-            crlf({"SUB:3", "KNOB: 1 ", "FUNCTION:SUB", "NAME:", "TOOLTIP:",
-                  "FONT:;0;False;False;False;False;-2147483640", "BACKGROUND:-2147483643",
-                  "MIDI:0", "LEVEL:0", "CHAN:", kRule}));
+            crlf({"SUB:3", "KNOB: 1 ", "FUNCTION:SUB",
+                  "NAME:", "TOOLTIP:", "FONT:;0;False;False;False;False;-2147483640",
+                  "BACKGROUND:-2147483643", "MIDI:0", "LEVEL:0", "CHAN:", kRule}));
 }
 
 TEST_F(SubmasterFileTest, ReaderMatchesTwoLettersAndMergesColumns) {
   v().chan(2, 4) = 99;  // strip 5's column: kept, the file has no pair for channel 2
   v().chan(3, 4) = 50;
-  load(write("m.qsm", {"SHOW:Lear", "DATE:d", "SUxx3", "NAxyzStrip three", "FUNCTION:SMA",
-                       "LEVEL:100", "MIDI:12", "KNOB: 34 ", "TOOLTIP:hello", "BACKGROUND:255",
-                       "FONT:Times New Roman;12;False;True;True;False;65280", "CHAN:3a1,512a7,",
-                       "nonsense line", "", kRule},
+  load(write("m.qsm",
+             {"SHOW:Lear", "DATE:d", "SUxx3", "NAxyzStrip three", "FUNCTION:SMA", "LEVEL:100",
+              "MIDI:12", "KNOB: 34 ", "TOOLTIP:hello", "BACKGROUND:255",
+              "FONT:Times New Roman;12;False;True;True;False;65280", "CHAN:3a1,512a7,",
+              "nonsense line", "", kRule},
              "\n"));
   EXPECT_TRUE(dialogs.shown.empty()) << lastBox();
   MainWindow& f = form1();
@@ -107,7 +108,8 @@ TEST_F(SubmasterFileTest, ABadLineStopsTheReaderWithEarlierFieldsApplied) {
     form1().Slabel(3).setText("");
     const std::string p = write("bad.qsm", {"SUB:1", "NAME:before", c.line, "NAME:after"});
     load(p);
-    const std::string reason = c.reason.empty() ? "line 4: submaster 21 outside 1..20" : "line 3: " + c.reason;
+    const std::string reason =
+        c.reason.empty() ? "line 4: submaster 21 outside 1..20" : "line 3: " + c.reason;
     EXPECT_EQ(lastBox(), "MSGBOX ERROR | Error loading file : " + p + ", " + reason) << c.line;
     if (!c.reason.empty()) {
       EXPECT_EQ(form1().Slabel(3).text(), "before") << c.line;
@@ -118,7 +120,8 @@ TEST_F(SubmasterFileTest, ABadLineStopsTheReaderWithEarlierFieldsApplied) {
   EXPECT_EQ(form1().Slabel(4).style.fontName, "Courier");
   // A strip's line before any SUB: has no strip to go to.
   load(write("n.qsm", {"NAME:who"}));
-  EXPECT_EQ(lastBox(), "MSGBOX ERROR | Error loading file : " + path("n.qsm") + ", line 1: no SUB: line before it");
+  EXPECT_EQ(lastBox(), "MSGBOX ERROR | Error loading file : " + path("n.qsm") +
+                           ", line 1: no SUB: line before it");
 }
 
 TEST_F(SubmasterFileTest, SaveLoadSaveGivesTheSameBytes) {
