@@ -26,6 +26,8 @@
 #include "gui/remote_port.h"
 #include "gui/splash_screen.h"
 #include "gui/timer_driver.h"
+#include "platform/dmx_devices.h"
+#include "platform/process/posix_process_launcher.h"
 #include "platform/program_folder.h"
 
 namespace q {
@@ -105,6 +107,9 @@ int runDesk(int argc, char** argv) {
   host.commandLine = opt.commandLine;
   host.players[0] = &player0;
   host.players[1] = &player1;
+  host.devices = &realDevices();
+  PosixProcessLauncher processes;
+  host.processes = &processes;
   Console console(host);
   console.look.shippedSkinDirs.insert(console.look.shippedSkinDirs.begin(),
                                       sharedDataDir() + "/skins");

@@ -25,9 +25,8 @@
 namespace q::gui {
 
 namespace {
-const char* const kStyle =
-    "QMainWindow{background:#0b0c0f}"
-    "QScrollArea{background:#0b0c0f;border:none}"
+// The menus' look; the desk's own widgets paint themselves and take no style sheet.
+const char* const kMenuStyle =
     "QMenuBar{background:#15171b;color:#c9cfd8;border-bottom:1px solid #23272e}"
     "QMenuBar::item{padding:3px 9px;background:transparent}"
     "QMenuBar::item:selected{background:#2a2f37;color:#ffffff}"
@@ -35,8 +34,7 @@ const char* const kStyle =
     "QMenu::item{padding:4px 22px 4px 22px}"
     "QMenu::item:selected{background:#ffb420;color:#000000}"
     "QMenu::item:disabled{color:#59606b}"
-    "QMenu::separator{height:1px;background:#2c3139;margin:3px 6px}"
-    "QToolTip{background:#1a1d22;color:#e8ecf2;border:1px solid #3a414c}";
+    "QMenu::separator{height:1px;background:#2c3139;margin:3px 6px}";
 constexpr double kZoomStep = 0.1;
 }  // namespace
 
@@ -44,11 +42,17 @@ Form1::Form1(DeskContext& ctx, DeskPlayer* players[2]) : ctx_(ctx) {
   Console& c = ctx.console;
   setObjectName("Form1");
   setWindowTitle("Quintara");
-  setStyleSheet(kStyle);
+  menuBar()->setStyleSheet(kMenuStyle);
+  QPalette dark = palette();
+  dark.setColor(QPalette::Window, QColor(0x0B, 0x0C, 0x0F));
+  dark.setColor(QPalette::ToolTipBase, QColor(0x1A, 0x1D, 0x22));
+  dark.setColor(QPalette::ToolTipText, QColor(0xE8, 0xEC, 0xF2));
+  setPalette(dark);
   menus_ = new DeskMenus(c.form1, menuBar());
   menus_->afterChoice = [this] { closeIfConsoleClosed(); };
   scroll_ = new QScrollArea(this);
   scroll_->setAlignment(Qt::AlignCenter);
+  scroll_->setFrameShape(QFrame::NoFrame);
   desk_ = new DeskSurface(ctx, players, scroll_);
   scroll_->setWidget(desk_);
   setCentralWidget(scroll_);
