@@ -25,7 +25,7 @@ bool parseListenAddress(const std::string& where, QHostAddress& address, quint16
   const QString number = colon >= 0 ? w.mid(colon + 1) : w;
   bool ok = false;
   const uint p = number.toUInt(&ok);
-  if (!ok || p == 0 || p > 65535) return false;
+  if (!ok || p > 65535) return false;  // 0: any free port
   if (host.startsWith('[') && host.endsWith(']')) host = host.mid(1, host.size() - 2);
   if (host.isEmpty()) {
     address = QHostAddress(QHostAddress::LocalHost);
