@@ -54,7 +54,7 @@ TEST(LibFtdiDevice, WithoutAnAdapterNothingOpensAndOpenDmxSaysSo) {
   EXPECT_FALSE(dmx.OpenDmxOpenDevice());
   EXPECT_EQ(messages, std::vector<std::string>{"Failed to open Enttec Open DMX USB device!"});
   dmx.OpenDmxCopyFrame(std::vector<uint8_t>(512, 1).data());
-  EXPECT_EQ(dmx.OpenDmxSend(), nullptr) << "a closed adapter sends nothing";
+  EXPECT_EQ(dmx.OpenDmxSend(), OpenDmx::kSent) << "a closed adapter sends nothing";
 }
 
 TEST(LibFtdiDevice, AnAttachedAdapterTakesTheDmxSetup) {
@@ -66,7 +66,7 @@ TEST(LibFtdiDevice, AnAttachedAdapterTakesTheDmxSetup) {
   OpenDmx dmx(chip, {[&](const std::string& t) { messages.push_back(t); }, {}});
   if (!dmx.OpenDmxOpenDevice())
     GTEST_SKIP() << "FTDI adapter present but not usable: " << messages.at(0);
-  EXPECT_EQ(dmx.OpenDmxSend(), nullptr);
+  EXPECT_EQ(dmx.OpenDmxSend(), OpenDmx::kSent);
   EXPECT_EQ(dmx.OpenDmxBytesWritten, 512u);
   dmx.OpenDmxClose();
   EXPECT_TRUE(messages.empty());

@@ -2,25 +2,6 @@
 
 namespace q {
 
-namespace {
-// The wire thread reports a failed write as a number; these are its texts.
-const char* failureText(int code) {
-  switch (code) {
-    case 1:
-      return OpenDmx::kWriteStartCodeFailed;
-    case 2:
-      return OpenDmx::kWriteDmxFailed;
-    default:
-      return nullptr;
-  }
-}
-int failureCode(const char* text) {
-  if (text == OpenDmx::kWriteStartCodeFailed) return 1;
-  if (text == OpenDmx::kWriteDmxFailed) return 2;
-  return 0;
-}
-}  // namespace
-
 FtdiFrameSender::FtdiFrameSender(std::unique_ptr<FtdiDevice> device, OpenDmx::Hooks hooks,
                                  Options options)
     : device_(std::move(device)),
@@ -47,17 +28,17 @@ bool FtdiFrameSender::startDMX() {
 
 int FtdiFrameSender::sendOnWire(const uint8_t* frame) {
   dmx_.OpenDmxCopyFrame(frame);
-  return failureCode(dmx_.OpenDmxSend());
+  return dmx_.OpenDmxSend();
 }
 
 void FtdiFrameSender::sendFrame(const uint8_t* frame, int intervalMs) {
   if (wire_) {
     wire_->handOver(frame, intervalMs);
-    report(failureText(wire_->lastFailure()));
+    report(OpenDmx::failureText(OpenDmx::SendResult(wire_->lastFailure())));
     return;
   }
   dmx_.OpenDmxCopyFrame(frame);
-  report(dmx_.OpenDmxSend());
+  report(OpenDmx::failureText(dmx_.OpenDmxSend()));
 }
 
 void FtdiFrameSender::report(const char* failure) {

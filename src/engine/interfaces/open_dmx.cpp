@@ -58,18 +58,29 @@ void OpenDmx::OpenDmxCopyFrame(const uint8_t* frame) {
   std::memcpy(OpenDmxBuffer.data(), frame, OpenDmxBuffer.size());
 }
 
-const char* OpenDmx::OpenDmxSend() {
-  if (!OpenDmxOpen) return nullptr;
+OpenDmx::SendResult OpenDmx::OpenDmxSend() {
+  if (!OpenDmxOpen) return kSent;
   // The break and the mark after it last as long as the two calls take.
   dev_.setBreakOn();
   dev_.setBreakOff();
   int written = 0;
-  if (dev_.write(&OpenDmxStartCode, 1, written) != FT_OK) return kWriteStartCodeFailed;
+  if (dev_.write(&OpenDmxStartCode, 1, written) != FT_OK) return kStartCodeFailed;
   OpenDmxBytesWritten = uint32_t(written);
   if (dev_.write(OpenDmxBuffer.data(), int(OpenDmxBuffer.size()), written) != FT_OK)
-    return kWriteDmxFailed;
+    return kDmxFailed;
   OpenDmxBytesWritten = uint32_t(written);
-  return nullptr;
+  return kSent;
+}
+
+const char* OpenDmx::failureText(SendResult result) {
+  switch (result) {
+    case kStartCodeFailed:
+      return "Write Start Code Failed!";
+    case kDmxFailed:
+      return "Write DMX Failed!";
+    default:
+      return nullptr;
+  }
 }
 
 }  // namespace q

@@ -29,17 +29,17 @@ class OpenDmx {
   bool OpenDmxOpenDevice();
   void OpenDmxClose();
   void OpenDmxCopyFrame(const uint8_t* frame);
-  // One frame on the line. Returns the failure text of a write, or nullptr.
-  // The caller decides how a failure is shown.
-  const char* OpenDmxSend();
+  // What a frame's writes can come to.
+  enum SendResult : int { kSent = 0, kStartCodeFailed = 1, kDmxFailed = 2 };
+  // One frame on the line. The caller decides how a failure is shown.
+  SendResult OpenDmxSend();
+  // The message of a failed write.
+  static const char* failureText(SendResult result);
 
   bool OpenDmxOpen = false;
   uint8_t OpenDmxStartCode = 0;
   std::array<uint8_t, 512> OpenDmxBuffer{};
   uint32_t OpenDmxBytesWritten = 0;
-
-  static constexpr const char* kWriteStartCodeFailed = "Write Start Code Failed!";
-  static constexpr const char* kWriteDmxFailed = "Write DMX Failed!";
 
  private:
   FtdiDevice& dev_;

@@ -106,7 +106,7 @@ TEST_F(DispatchTest, OlaSendsEveryTickToTheUniverseOfTheSettings) {
   EXPECT_EQ(ola.sent.back().first, 7u);
   EXPECT_EQ(ola.sent.back().second, std::vector<uint8_t>(v().DMXData.begin(), v().DMXData.end()));
   console().unload();
-  EXPECT_FALSE(ola.linked);
+  EXPECT_FALSE(console().interfaces.ola().connected()) << "stopped at exit";
   std::ifstream in(path("Quintara.INI"));
   std::string text((std::istreambuf_iterator<char>(in)), {});
   EXPECT_NE(text.find("OlaUniverse=7\r\n"), std::string::npos);

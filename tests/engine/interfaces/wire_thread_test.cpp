@@ -93,7 +93,9 @@ TEST(WireFailures, AWriteFailingOnTheWireThreadIsShownOnce) {
     sender.sendFrame(frameOf(1).data(), 5);
     std::this_thread::sleep_for(5ms);
   }
+  const long sent = sender.wire()->framesSent();
   sender.close();
+  EXPECT_GT(sent, 5);
   EXPECT_EQ(messages, std::vector<std::string>{"Write DMX Failed!"});
   EXPECT_EQ(sender.wire(), nullptr);
 }
