@@ -7,7 +7,9 @@ namespace q {
 std::string LineShape::value() const { return toText(Value{x1}); }
 
 TimesGraph::TimesGraph(Console& c)
-    : picTimes(c.form1.add<Picture>("picTimes")), PosLine(c.form1.add<LineShape>("PosLine")), c_(c) {
+    : picTimes(c.form1.add<Picture>("picTimes")),
+      PosLine(c.form1.add<LineShape>("PosLine")),
+      c_(c) {
   PosLine.y2 = kScaleHeight;
   picTimes.height = kScaleHeight;
   c.names.add("picTimes.ScaleWidth", [this] { return toText(Value{double(scaleWidth_)}); });

@@ -17,7 +17,8 @@ constexpr const char* kLit = "Led_On2";
 uint8_t sideLevel(double x) { return uint8_t(std::clamp(x, 0.0, 255.0)); }
 
 int16_t toTick(double x) {
-  return int16_t(std::clamp(roundHalfEven(std::clamp(x, -1e9, 1e9)), long(INT16_MIN), long(INT16_MAX)));
+  return int16_t(
+      std::clamp(roundHalfEven(std::clamp(x, -1e9, 1e9)), long(INT16_MIN), long(INT16_MAX)));
 }
 
 }  // namespace
@@ -142,6 +143,7 @@ void Transport::memTimerTick() {
     c_.memories.PassaPrograma();
     return;
   }
+  // Waits longer than the 16-bit counter can reach hold it at its top.
   if (FadeTick < INT16_MAX) ++FadeTick;
   const double t = FadeTick;
   const Times times = c_.fadeTimes.read();

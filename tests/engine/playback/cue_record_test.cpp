@@ -1,8 +1,8 @@
 // How the console reads the cells of a cue, and wiping.
 
-#include "engine/core/variables.h"
 #include "engine/playback/cue_record.h"
 #include <gtest/gtest.h>
+#include "engine/core/variables.h"
 
 namespace q {
 

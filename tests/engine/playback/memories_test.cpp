@@ -8,7 +8,9 @@ namespace q::test {
 class MemoriesTest : public PlaybackFixture {
  protected:
   Memories& mem() { return console().memories; }
-  std::string cell(int row, int col) { return get("Cues(" + std::to_string(row) + "," + std::to_string(col) + ")"); }
+  std::string cell(int row, int col) {
+    return get("Cues(" + std::to_string(row) + "," + std::to_string(col) + ")");
+  }
   void answer(std::initializer_list<const char*> as) {
     for (auto a : as) dialogs.queueAnswer(a);
   }
@@ -22,9 +24,9 @@ TEST_F(MemoriesTest, ProgSavePromptsForEmptyBoxesAndStoresTextsTimesAndNonZeroLe
   type("DownTime", "2.5");
   answer({"7", "Intro"});
   press("ProgMemSave");
-  EXPECT_EQ(dialogs.shown, (std::vector<std::string>{
-                               "INPUTBOX Save output to cuelist | Save as Cue Number | 1",
-                               "INPUTBOX Save output to cuelist | Cue Name? | "}));
+  EXPECT_EQ(dialogs.shown,
+            (std::vector<std::string>{"INPUTBOX Save output to cuelist | Save as Cue Number | 1",
+                                      "INPUTBOX Save output to cuelist | Cue Name? | "}));
   EXPECT_EQ(get("CueCount"), "1");
   EXPECT_EQ(cell(1, 513), "7");
   EXPECT_EQ(cell(1, 514), "1");
@@ -99,7 +101,12 @@ TEST_F(MemoriesTest, StageSaveRecordsTheMixAsItLeavesTheMixer) {
 
 TEST_F(MemoriesTest, ProgLoadByNumberTakesTheLastMatchAndNeedsNoNewMix) {
   addCue({.number = "5", .levels = {{1, 11}, {2, 22}}});
-  addCue({.number = "05", .wu = "3", .u = "4", .wd = "", .d = "9", .levels = {{1, 33}},
+  addCue({.number = "05",
+          .wu = "3",
+          .u = "4",
+          .wd = "",
+          .d = "9",
+          .levels = {{1, 33}},
           .name = "second"});
   v().chan(2, kProgColumn) = 99;
   v().MixDirty = kFalse;
@@ -215,7 +222,7 @@ TEST_F(MemoriesTest, GoRunsOnThroughAFunctionCueToTheNextMemoryCue) {
   EXPECT_EQ(get("PROGName"), "say");
   EXPECT_FALSE(fading());
   go();
-  tick();  // the message cue passes on a tick of its own
+  tick();                                        // the message cue passes on a tick of its own
   EXPECT_EQ(passed, (std::vector<long>{0, 2}));  // the empty row 0 of the first GO too
   EXPECT_EQ(get("NextCue"), "3");
   EXPECT_TRUE(fading());

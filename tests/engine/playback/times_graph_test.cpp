@@ -29,9 +29,11 @@ TEST_F(TimesGraphTest, UpperBarIsTheFallLowerBarTheRiseOnTheLongerSidesScale) {
   const DrawItem& fall = items()[0];
   const DrawItem& rise = items()[1];
   EXPECT_EQ(fall.color, console().colors.TimesDownColor);
-  EXPECT_EQ(std::vector<double>({fall.x, fall.y, fall.w, fall.h}), std::vector<double>({0, 1, 5, 2}));
+  EXPECT_EQ(std::vector<double>({fall.x, fall.y, fall.w, fall.h}),
+            std::vector<double>({0, 1, 5, 2}));
   EXPECT_EQ(rise.color, console().colors.TimesUpColor);
-  EXPECT_EQ(std::vector<double>({rise.x, rise.y, rise.w, rise.h}), std::vector<double>({10, 4, 20, 2}));
+  EXPECT_EQ(std::vector<double>({rise.x, rise.y, rise.w, rise.h}),
+            std::vector<double>({10, 4, 20, 2}));
   type("WdownTime", "40");
   enter("WdownTime");
   EXPECT_EQ(get("picTimes.ScaleWidth"), "45");
