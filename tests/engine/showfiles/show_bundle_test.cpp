@@ -222,3 +222,24 @@ TEST_F(ShowBundleTest, DropsOnTheMainWindowGoByTheLastThreeLetters) {
 }
 
 }  // namespace q::test
+
+namespace q::test {
+
+TEST_F(ShowBundleTest, SaveAsCutsFourCharactersWhateverTheyAreAndEntersTheRecentList) {
+  dialogs.queueAnswer(path("abcdef"));
+  form1().menu("mnuSaveAs").click();
+  EXPECT_TRUE(std::filesystem::exists(path("abcdef")));  // the index under the full name
+  EXPECT_TRUE(std::filesystem::exists(path("ab.qsm")));
+  EXPECT_TRUE(std::filesystem::exists(path("ab1.qfx")));
+  EXPECT_EQ(form1().mnuRecent(0).caption(), path("abcdef"));
+  EXPECT_EQ(console().CDialog1.Filter, "Quintara Save File (*.Qsh)|*.qsh");
+  // A cancelled chooser saves nothing.
+  form1().menu("mnuSaveSubmastersAs").click();
+  EXPECT_EQ(form1().mnuRecent(1).caption(), "");
+  dialogs.queueAnswer(path("subs.qsm"));
+  form1().menu("mnuSaveSubmastersAs").click();
+  EXPECT_TRUE(std::filesystem::exists(path("subs.qsm")));
+  EXPECT_EQ(form1().mnuRecent(1).caption(), path("subs.qsm"));
+}
+
+}  // namespace q::test
