@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "engine/controls/control.h"
+#include "engine/look/desk_layout.h"
 
 namespace q::gui {
 
@@ -23,6 +24,16 @@ QRect DeskContext::place(const look::PixelRect& r) const {
 
 QSize DeskContext::scaled(int w, int h) const {
   return QSize(std::max(1, int(std::lround(w * zoom_))), std::max(1, int(std::lround(h * zoom_))));
+}
+
+QPixmap DeskContext::deskPicture() const {
+  return sheet.cut({0, 0, look::kDeskWidth, look::kDeskHeight},
+                   scaled(look::kDeskWidth, look::kDeskHeight));
+}
+
+void DeskContext::paintBackground(QPainter& p, const look::PixelRect& r) const {
+  const QRect source = place(r);
+  p.drawPixmap(QRect(QPoint(0, 0), source.size()), deskPicture(), source);
 }
 
 QFont DeskContext::font(double px, bool bold, bool condensed) const {

@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QFont>
 #include <QObject>
+#include <QPainter>
 #include <QRect>
 #include <functional>
 
@@ -33,6 +34,12 @@ class DeskContext : public QObject {
   // A skin rectangle on the screen, and a skin size at the zoom.
   QRect place(const look::PixelRect& r) const;
   QSize scaled(int w, int h) const;
+  // The whole desk's background at the zoom, scaled once.
+  QPixmap deskPicture() const;
+  // Paints the part of the background under a skin rectangle, as placed at the
+  // zoom, at the painter's origin: a track or a picture's background matches
+  // the skin around it to the pixel.
+  void paintBackground(QPainter& p, const look::PixelRect& r) const;
   // The desk's type at a height given in skin pixels.
   QFont font(double px, bool bold = false, bool condensed = false) const;
   static QColor colour(int rgb) { return QColor::fromRgb(QRgb(0xFF000000u | unsigned(rgb))); }

@@ -90,7 +90,7 @@ void DeskSurface::relayout() {
 
 void DeskSurface::paintEvent(QPaintEvent* e) {
   QPainter p(this);
-  const QPixmap bg = ctx_.sheet.cut({0, 0, look::kDeskWidth, look::kDeskHeight}, size());
+  const QPixmap bg = ctx_.deskPicture();
   p.drawPixmap(e->rect(), bg, e->rect());
 }
 

@@ -62,7 +62,7 @@ void FaderWidget::moveTo(int position) {
 
 void FaderWidget::paintEvent(QPaintEvent*) {
   QPainter p(this);
-  p.drawPixmap(0, 0, ctx_.sheet.cut(track_, size()));
+  ctx_.paintBackground(p, track_);
   const QRect k = knobRect();
   look::PixelRect knob = SkinSheet::pictureRect(model_.knobPicture);
   if (knob.width == 0) knob = defaultKnob_;

@@ -33,7 +33,7 @@ LiveDisplayView::LiveDisplayView(DeskContext& ctx, Picture& model, const look::D
 
 void LiveDisplayView::paintEvent(QPaintEvent*) {
   QPainter p(this);
-  p.drawPixmap(0, 0, ctx_.sheet.cut(item_.rect, size()));
+  ctx_.paintBackground(p, item_.rect);
   const double sx = double(width()) / item_.rect.width;
   const double sy = double(height()) / item_.rect.height;
   // Bars are drawn on the whole height of the strip: the base at the bottom, full at the top.
@@ -85,7 +85,7 @@ TimesGraphView::TimesGraphView(DeskContext& ctx, Picture& model, LineShape* posL
 
 void TimesGraphView::paintEvent(QPaintEvent*) {
   QPainter p(this);
-  p.drawPixmap(0, 0, ctx_.sheet.cut(item_.rect, size()));
+  ctx_.paintBackground(p, item_.rect);
   const double scaleWidth = std::max(1e-6, double(ctx_.console.timesGraph.scaleWidth()));
   const double sx = width() / scaleWidth;
   const double sy = double(height()) / TimesGraph::kScaleHeight;

@@ -213,6 +213,26 @@ TEST_F(DeskTest, DoubleClickOnAStripNamePopsUpTheLabelMenu) {
   desk().menus().menu("mnuLabel")->hide();
 }
 
+TEST_F(DeskTest, AStripNameShowsTheFontAndColoursTheConsoleGaveIt) {
+  auto* name = widget<gui::TextBoxView>("Slabel(5)");
+  TextStyle s;
+  s.fontName = "DejaVu Serif";
+  s.fontSize = 9;
+  s.bold = true;
+  s.italic = true;
+  s.foreColor = 0xFF2000;
+  s.backColor = 0x002040;
+  form1().Slabel(5).setStyle(s);
+  EXPECT_EQ(name->font().family(), "DejaVu Serif");
+  EXPECT_TRUE(name->font().bold());
+  EXPECT_TRUE(name->font().italic());
+  EXPECT_EQ(name->palette().color(QPalette::Text), QColor(0xFF, 0x20, 0x00));
+  EXPECT_EQ(name->palette().color(QPalette::Base), QColor(0x00, 0x20, 0x40));
+  form1().Slabel(5).setStyle(TextStyle{});  // back to the desk's own look
+  EXPECT_FALSE(name->font().bold());
+  EXPECT_NE(name->palette().color(QPalette::Text), QColor(0xFF, 0x20, 0x00));
+}
+
 TEST_F(DeskTest, TheCloseQuestionDecides) {
   desk();
   dialogs.queueAnswer("No");
