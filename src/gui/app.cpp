@@ -20,6 +20,7 @@
 #include "gui/desk_context.h"
 #include "gui/desk_options.h"
 #include "gui/desk_player.h"
+#include "gui/desk_surface.h"
 #include "gui/form1.h"
 #include "gui/open_file.h"
 #include "gui/qt_dialogs.h"
@@ -133,6 +134,10 @@ int runDesk(int argc, char** argv) {
     });
     splash->show();
     app.processEvents();
+    // A box shown while the desk starts must not stand behind the splash.
+    dialogs.beforeShow = [s = QPointer<gui::SplashScreen>(splash)] {
+      if (s) s->close();
+    };
   }
   console.start();
   if (splash) {
@@ -145,7 +150,10 @@ int runDesk(int argc, char** argv) {
       if (s) s->close();
     });
   }
-  if (!file.empty()) gui::openAsDropped(console, file);
+  if (!file.empty()) {
+    gui::openAsDropped(console, file);
+    form.desk().repaintAll();
+  }
 
   std::unique_ptr<gui::RemotePort> port;
   if (!opt.listen.empty()) {

@@ -88,6 +88,10 @@ void DeskSurface::relayout() {
   update();
 }
 
+void DeskSurface::repaintAll() {
+  for (const auto& [w, item] : parts_) w->update();
+}
+
 void DeskSurface::paintEvent(QPaintEvent* e) {
   QPainter p(this);
   const QPixmap bg = ctx_.deskPicture();

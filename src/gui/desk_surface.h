@@ -20,6 +20,9 @@ class DeskSurface : public QWidget {
 
   // Places every widget at the present zoom and repaints.
   void relayout();
+  // Repaints every widget: after a file or a dialog may have changed what no
+  // control announces (a knob picture, a tool tip).
+  void repaintAll();
   // The widget of a control by its console name; null when the desk has none.
   QWidget* widgetFor(const std::string& control) const;
 

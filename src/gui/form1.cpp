@@ -137,7 +137,11 @@ void Form1::showAbout() {
 }
 
 void Form1::closeIfConsoleClosed() {
-  if (ctx_.console.closed()) close();
+  if (ctx_.console.closed()) {
+    close();
+    return;
+  }
+  desk_->repaintAll();
 }
 
 void Form1::closeEvent(QCloseEvent* e) {
@@ -184,6 +188,7 @@ void Form1::dropEvent(QDropEvent* e) {
   if (path.empty()) return;
   e->acceptProposedAction();
   openAsDropped(ctx_.console, path);
+  desk_->repaintAll();
 }
 
 }  // namespace q::gui

@@ -14,7 +14,10 @@ namespace {
 
 // Counts the dialogs on screen for as long as one is open.
 struct OpenDialog {
-  explicit OpenDialog(int& n) : n_(n) { ++n_; }
+  OpenDialog(int& n, const std::function<void()>& before) : n_(n) {
+    ++n_;
+    if (before) before();
+  }
   ~OpenDialog() { --n_; }
   int& n_;
 };
@@ -67,7 +70,7 @@ QString QtDialogs::qtFilter(const std::string& filter) {
 
 MsgResult QtDialogs::msgBox(const std::string& title, const std::string& text, MsgButtons buttons,
                             MsgIcon icon) {
-  OpenDialog guard(open_);
+  OpenDialog guard(open_, beforeShow);
   QMessageBox box(iconOf(icon), QString::fromStdString(title), QString::fromStdString(text),
                   QMessageBox::NoButton, parent_);
   const auto map = buttonsOf(buttons);
@@ -84,7 +87,7 @@ MsgResult QtDialogs::msgBox(const std::string& title, const std::string& text, M
 
 std::string QtDialogs::inputBox(const std::string& title, const std::string& prompt,
                                 const std::string& defaultText) {
-  OpenDialog guard(open_);
+  OpenDialog guard(open_, beforeShow);
   bool ok = false;
   const QString t = QInputDialog::getText(parent_, QString::fromStdString(title),
                                           QString::fromStdString(prompt), QLineEdit::Normal,
@@ -93,7 +96,7 @@ std::string QtDialogs::inputBox(const std::string& title, const std::string& pro
 }
 
 std::string QtDialogs::fileDialog(const FileDialogRequest& r) {
-  OpenDialog guard(open_);
+  OpenDialog guard(open_, beforeShow);
   QString start = QString::fromStdString(r.initDir);
   if (!r.fileName.empty()) start = QDir(start).filePath(QString::fromStdString(r.fileName));
   const QString title = QString::fromStdString(r.title);
@@ -105,7 +108,7 @@ std::string QtDialogs::fileDialog(const FileDialogRequest& r) {
 }
 
 bool QtDialogs::fontDialog(TextStyle& style) {
-  OpenDialog guard(open_);
+  OpenDialog guard(open_, beforeShow);
   QFont initial(style.fontName.empty() ? QStringLiteral("DejaVu Sans")
                                        : QString::fromStdString(style.fontName));
   if (style.fontSize > 0) initial.setPointSizeF(style.fontSize);
@@ -126,7 +129,7 @@ bool QtDialogs::fontDialog(TextStyle& style) {
 }
 
 bool QtDialogs::colorDialog(int& color) {
-  OpenDialog guard(open_);
+  OpenDialog guard(open_, beforeShow);
   const QColor initial = color >= 0 ? QColor::fromRgb(QRgb(0xFF000000u | unsigned(color)))
                                     : QColor(Qt::white);
   const QColor c = QColorDialog::getColor(initial, parent_);

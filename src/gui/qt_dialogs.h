@@ -6,6 +6,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 
 #include "engine/core/dialogs.h"
 
@@ -15,6 +16,8 @@ class QtDialogs : public Dialogs {
  public:
   // The window the dialogs belong to; may change (splash, then the desk).
   void setParent(QWidget* w) { parent_ = w; }
+  // Runs before each dialog shows (the desk takes its splash away).
+  std::function<void()> beforeShow;
   // True while a dialog is on screen.
   bool open() const { return open_ > 0; }
 
