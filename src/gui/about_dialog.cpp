@@ -44,8 +44,9 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
       "QPushButton{background:#2a2f37;color:#e8ecf2;border:1px solid #3a414c;padding:4px 12px;"
       "border-radius:3px}QPushButton:hover{background:#353b45}");
   auto* layout = new QVBoxLayout(this);
-  auto* name = new QLabel(QStringLiteral("<span style='font-size:26px;font-weight:bold;"
-                                         "color:#ffb420;letter-spacing:3px'>QUINTARA</span>"));
+  auto* name =
+      new QLabel(QStringLiteral("<span style='font-size:26px;font-weight:bold;"
+                                "color:#ffb420;letter-spacing:3px'>QUINTARA</span>"));
   auto* what = new QLabel(tr("Theatre lighting console for Linux"));
   auto* ver = new QLabel(tr("Version %1").arg(version()));
   ver->setObjectName("version");

@@ -4,6 +4,7 @@
 
 #include "gui/app.h"
 
+#include <unistd.h>
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -14,7 +15,6 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <unistd.h>
 
 #include "engine/core/console.h"
 #include "gui/desk_context.h"
@@ -93,9 +93,9 @@ int runDesk(int argc, char** argv) {
   // A file named on the command line is opened as the operator would drop it,
   // from wherever the desk was started.
   const std::string file =
-      opt.file.empty() ? std::string() : QFileInfo(QString::fromStdString(opt.file))
-                                             .absoluteFilePath()
-                                             .toStdString();
+      opt.file.empty()
+          ? std::string()
+          : QFileInfo(QString::fromStdString(opt.file)).absoluteFilePath().toStdString();
 
   SteadyClock clock;
   gui::QtDialogs dialogs;
@@ -119,8 +119,10 @@ int runDesk(int argc, char** argv) {
   console.look.setPicture(&ctx.sheet);
   gui::TimerDriver driver(console.scheduler);
   gui::Form1 form(ctx, players);
-  if (screenshot) form.setZoomOverride(opt.zoom > 0 ? opt.zoom : kScreenshotZoom);
-  else if (opt.zoom > 0) form.setZoomOverride(opt.zoom);
+  if (screenshot)
+    form.setZoomOverride(opt.zoom > 0 ? opt.zoom : kScreenshotZoom);
+  else if (opt.zoom > 0)
+    form.setZoomOverride(opt.zoom);
   dialogs.setParent(&form);
   watchSignals(&app);
 

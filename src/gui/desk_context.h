@@ -16,7 +16,7 @@
 namespace q {
 class Console;
 class Control;
-}
+}  // namespace q
 
 namespace q::gui {
 

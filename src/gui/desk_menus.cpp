@@ -10,11 +10,9 @@ namespace {
 // Menu items that open a window of their own, and that window.
 const std::map<std::string, std::string>& windowItems() {
   static const std::map<std::string, std::string> m = {
-      {"mnuCueList", "Cuewin"},    {"mnuMatrix", "frmSparseMatrix"},
-      {"mnuMobile", "Mobile"},     {"mnuChanWin", "Canals"},
-      {"mnuSimple", "Simple"},     {"mnuTecles", "Tecles"},
-      {"mnuPatch", "frmPatch"},    {"mnuInterface", "Refreshrate"},
-      {"mnuMidiSetup", "MIDISetupForm"},
+      {"mnuCueList", "Cuewin"}, {"mnuMatrix", "frmSparseMatrix"}, {"mnuMobile", "Mobile"},
+      {"mnuChanWin", "Canals"}, {"mnuSimple", "Simple"},          {"mnuTecles", "Tecles"},
+      {"mnuPatch", "frmPatch"}, {"mnuInterface", "Refreshrate"},  {"mnuMidiSetup", "MIDISetupForm"},
   };
   return m;
 }

@@ -48,8 +48,8 @@ class DeskPlayer : public QObject, public MediaPlayer {
 class PlayerView : public QWidget {
   Q_OBJECT
  public:
-  PlayerView(DeskContext& ctx, MediaPlayer& player, DeskPlayer* observed, const look::DeskItem& item,
-             QWidget* parent);
+  PlayerView(DeskContext& ctx, MediaPlayer& player, DeskPlayer* observed,
+             const look::DeskItem& item, QWidget* parent);
 
   QString text() const;
 

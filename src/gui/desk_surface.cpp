@@ -49,7 +49,8 @@ QWidget* DeskSurface::build(const look::DeskItem& item, DeskPlayer* players[2]) 
         return new FaderWidget(ctx_, *s, item.rect, defaultKnob(item.control), this);
       return nullptr;
     case look::ItemKind::Button:
-    case look::ItemKind::Lamp: return new ImageButton(ctx_, control, item, this);
+    case look::ItemKind::Lamp:
+      return new ImageButton(ctx_, control, item, this);
     case look::ItemKind::Label:
       return new CaptionLabel(ctx_, dynamic_cast<Label*>(control), item, this);
     case look::ItemKind::TextBox:
@@ -68,7 +69,8 @@ QWidget* DeskSurface::build(const look::DeskItem& item, DeskPlayer* players[2]) 
       const int k = indexOf(item.control) & 1;
       return new PlayerView(ctx_, c.WMP(k), players ? players[k] : nullptr, item, this);
     }
-    default: return nullptr;
+    default:
+      return nullptr;
   }
 }
 

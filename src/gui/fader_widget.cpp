@@ -41,8 +41,8 @@ QRect FaderWidget::knobRect() const {
   const int kh = knobHeight();
   const int span = model_.max() - model_.min();
   const int travel = height() - kh;
-  const int top = span > 0 ? int(std::lround(double(model_.position() - model_.min()) * travel / span))
-                           : 0;
+  const int top =
+      span > 0 ? int(std::lround(double(model_.position() - model_.min()) * travel / span)) : 0;
   return QRect(0, top, width(), kh);
 }
 
@@ -108,9 +108,15 @@ void FaderWidget::wheelEvent(QWheelEvent* e) {
 void FaderWidget::keyPressEvent(QKeyEvent* e) {
   const int step = e->modifiers() & Qt::ShiftModifier ? 10 : 1;
   switch (e->key()) {
-    case Qt::Key_Up: moveTo(model_.position() - step); break;
-    case Qt::Key_Down: moveTo(model_.position() + step); break;
-    default: QWidget::keyPressEvent(e); return;
+    case Qt::Key_Up:
+      moveTo(model_.position() - step);
+      break;
+    case Qt::Key_Down:
+      moveTo(model_.position() + step);
+      break;
+    default:
+      QWidget::keyPressEvent(e);
+      return;
   }
   e->accept();
 }

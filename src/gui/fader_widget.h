@@ -48,8 +48,8 @@ class FaderWidget : public QWidget {
   look::PixelRect track_;
   look::PixelRect defaultKnob_;
   ViewBinding binding_;
-  int grab_ = -1;       // the mouse's distance from the knob's top while dragging
-  int wheelRest_ = 0;   // wheel movement not yet turned into steps
+  int grab_ = -1;      // the mouse's distance from the knob's top while dragging
+  int wheelRest_ = 0;  // wheel movement not yet turned into steps
 };
 
 }  // namespace q::gui

@@ -14,9 +14,12 @@ namespace q::gui {
 
 int consoleButton(Qt::MouseButton b) {
   switch (b) {
-    case Qt::LeftButton: return int(MouseButton::Left);
-    case Qt::RightButton: return int(MouseButton::Right);
-    default: return 0;
+    case Qt::LeftButton:
+      return int(MouseButton::Left);
+    case Qt::RightButton:
+      return int(MouseButton::Right);
+    default:
+      return 0;
   }
 }
 
@@ -31,8 +34,8 @@ ImageButton::ImageButton(DeskContext& ctx, Control* model, const look::DeskItem&
                          QWidget* parent)
     : QWidget(parent), ctx_(ctx), model_(model), item_(item) {
   setObjectName(QString::fromStdString(item.control));
-  const bool takesMouse = model && (model->onMouseDown || model->onMouseUp || model->onClick ||
-                                    model->onDblClick);
+  const bool takesMouse =
+      model && (model->onMouseDown || model->onMouseUp || model->onClick || model->onDblClick);
   if (item.kind == look::ItemKind::Lamp || !takesMouse)
     setAttribute(Qt::WA_TransparentForMouseEvents);
   setAcceptDrops(model && model->onDrop);

@@ -52,9 +52,9 @@ void LiveDisplayView::paintEvent(QPaintEvent*) {
         break;
       case DrawItem::Kind::Box: {
         const double y0 = barY(it.y), y1 = barY(it.y + it.h);
-        p.fillRect(QRectF(it.x * sx, std::min(y0, y1), std::max(1.0, it.w * sx - 1),
-                          std::abs(y1 - y0)),
-                   itemColour(it));
+        p.fillRect(
+            QRectF(it.x * sx, std::min(y0, y1), std::max(1.0, it.w * sx - 1), std::abs(y1 - y0)),
+            itemColour(it));
         break;
       }
       case DrawItem::Kind::Line:

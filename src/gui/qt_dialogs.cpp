@@ -25,9 +25,12 @@ struct OpenDialog {
 QList<QPair<QMessageBox::StandardButton, MsgResult>> buttonsOf(MsgButtons b) {
   using SB = QMessageBox::StandardButton;
   switch (b) {
-    case MsgButtons::OK: return {{SB::Ok, MsgResult::OK}};
-    case MsgButtons::OKCancel: return {{SB::Ok, MsgResult::OK}, {SB::Cancel, MsgResult::Cancel}};
-    case MsgButtons::YesNo: return {{SB::Yes, MsgResult::Yes}, {SB::No, MsgResult::No}};
+    case MsgButtons::OK:
+      return {{SB::Ok, MsgResult::OK}};
+    case MsgButtons::OKCancel:
+      return {{SB::Ok, MsgResult::OK}, {SB::Cancel, MsgResult::Cancel}};
+    case MsgButtons::YesNo:
+      return {{SB::Yes, MsgResult::Yes}, {SB::No, MsgResult::No}};
     case MsgButtons::YesNoCancel:
       return {{SB::Yes, MsgResult::Yes}, {SB::No, MsgResult::No}, {SB::Cancel, MsgResult::Cancel}};
     case MsgButtons::RetryCancel:
@@ -42,11 +45,16 @@ QList<QPair<QMessageBox::StandardButton, MsgResult>> buttonsOf(MsgButtons b) {
 
 QMessageBox::Icon iconOf(MsgIcon i) {
   switch (i) {
-    case MsgIcon::Critical: return QMessageBox::Critical;
-    case MsgIcon::Question: return QMessageBox::Question;
-    case MsgIcon::Exclamation: return QMessageBox::Warning;
-    case MsgIcon::Information: return QMessageBox::Information;
-    case MsgIcon::None: break;
+    case MsgIcon::Critical:
+      return QMessageBox::Critical;
+    case MsgIcon::Question:
+      return QMessageBox::Question;
+    case MsgIcon::Exclamation:
+      return QMessageBox::Warning;
+    case MsgIcon::Information:
+      return QMessageBox::Information;
+    case MsgIcon::None:
+      break;
   }
   return QMessageBox::NoIcon;
 }
@@ -89,9 +97,9 @@ std::string QtDialogs::inputBox(const std::string& title, const std::string& pro
                                 const std::string& defaultText) {
   OpenDialog guard(open_, beforeShow);
   bool ok = false;
-  const QString t = QInputDialog::getText(parent_, QString::fromStdString(title),
-                                          QString::fromStdString(prompt), QLineEdit::Normal,
-                                          QString::fromStdString(defaultText), &ok);
+  const QString t =
+      QInputDialog::getText(parent_, QString::fromStdString(title), QString::fromStdString(prompt),
+                            QLineEdit::Normal, QString::fromStdString(defaultText), &ok);
   return ok ? t.toStdString() : std::string();
 }
 
@@ -130,8 +138,8 @@ bool QtDialogs::fontDialog(TextStyle& style) {
 
 bool QtDialogs::colorDialog(int& color) {
   OpenDialog guard(open_, beforeShow);
-  const QColor initial = color >= 0 ? QColor::fromRgb(QRgb(0xFF000000u | unsigned(color)))
-                                    : QColor(Qt::white);
+  const QColor initial =
+      color >= 0 ? QColor::fromRgb(QRgb(0xFF000000u | unsigned(color))) : QColor(Qt::white);
   const QColor c = QColorDialog::getColor(initial, parent_);
   if (!c.isValid()) return false;
   color = int(c.rgb() & 0xFFFFFF);

@@ -42,7 +42,9 @@ bool parseListenAddress(const std::string& where, QHostAddress& address, quint16
 class RemotePort::Session : public QObject {
  public:
   Session(RemotePort& port, QTcpSocket* socket)
-      : QObject(&port), port_(port), socket_(socket),
+      : QObject(&port),
+        port_(port),
+        socket_(socket),
         interpreter_(port.c_, answers_, nullptr, out_) {
     socket_->setParent(this);
     interpreter_.waitRealTime = [](int64_t ms) {

@@ -15,11 +15,16 @@ constexpr int kBack = 0x0B0D10;
 int keyAscii(const QKeyEvent& e) {
   switch (e.key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter: return 13;
-    case Qt::Key_Backspace: return 8;
-    case Qt::Key_Escape: return 27;
-    case Qt::Key_Tab: return 9;
-    default: break;
+    case Qt::Key_Enter:
+      return 13;
+    case Qt::Key_Backspace:
+      return 8;
+    case Qt::Key_Escape:
+      return 27;
+    case Qt::Key_Tab:
+      return 9;
+    default:
+      break;
   }
   const QString t = e.text();
   if (t.size() != 1) return 0;

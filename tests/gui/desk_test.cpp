@@ -22,9 +22,8 @@ QStringList captionsOf(const QList<QAction*>& actions) {
 
 TEST_F(DeskTest, MenuBarHoldsTheConsoleMenusInOrder) {
   QMenuBar* bar = desk().menuBar();
-  EXPECT_EQ(captionsOf(bar->actions()),
-            QStringList({"File", "Window", "Channels", "Setup", "Screen", "View", "Help",
-                         "Label Menu"}));
+  EXPECT_EQ(captionsOf(bar->actions()), QStringList({"File", "Window", "Channels", "Setup",
+                                                     "Screen", "View", "Help", "Label Menu"}));
   EXPECT_FALSE(bar->actions().back()->isVisible()) << "the label menu is a popup";
   auto items = [&](const char* menu) {
     QStringList out;
@@ -36,16 +35,16 @@ TEST_F(DeskTest, MenuBarHoldsTheConsoleMenusInOrder) {
                                            "Save Submasters as ...", "-", "Exit"}));
   EXPECT_EQ(items("mnuWindow"), QStringList({"Cue List", "Matrix", "X/Y Control", "Channels",
                                              "Simple", "Keyboard", "Patch"}));
-  EXPECT_EQ(items("mnuChannels"),
-            QStringList({"Copy", "Cut", "Paste", "Load channels file", "Save Channels File As ...",
-                         "All to Zero"}));
-  EXPECT_EQ(items("mnuSetup"), QStringList({"Keyboard Control", "Space Key GO", "Interface ...",
-                                            "Midi Setup ...", "Max. Channels",
-                                            "Change Background"}));
+  EXPECT_EQ(items("mnuChannels"), QStringList({"Copy", "Cut", "Paste", "Load channels file",
+                                               "Save Channels File As ...", "All to Zero"}));
+  EXPECT_EQ(items("mnuSetup"),
+            QStringList({"Keyboard Control", "Space Key GO", "Interface ...", "Midi Setup ...",
+                         "Max. Channels", "Change Background"}));
   EXPECT_EQ(items("mnuScreen"), QStringList({"Output", "Live (DMX Output)", "Selected"}));
   EXPECT_EQ(items("mnuView"), QStringList({"Percent", "Value", "Bars"}));
   EXPECT_EQ(items("mnuHelp"), QStringList({"About ..."}));
-  EXPECT_EQ(items("mnuLabel"), QStringList({"Change Font", "Change Font Color", "Change Back Color"}));
+  EXPECT_EQ(items("mnuLabel"),
+            QStringList({"Change Font", "Change Font Color", "Change Back Color"}));
 }
 
 TEST_F(DeskTest, MenuItemsFollowTheConsoleAndWindowsToComeStayDisabled) {

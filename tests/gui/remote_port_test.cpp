@@ -44,8 +44,7 @@ TEST_F(RemotePortTest, CommandsOnThePortDriveTheDeskAndAnswerOnIt) {
         return answer.count('\n') >= 3;
       },
       3000));
-  EXPECT_EQ(answer,
-            "SubLevel(3) = 255\nERROR line 3: unknown command 'nonsense'\nFader(5) = 0\n");
+  EXPECT_EQ(answer, "SubLevel(3) = 255\nERROR line 3: unknown command 'nonsense'\nFader(5) = 0\n");
   EXPECT_EQ(form1().Fader(5).position(), 0);
 }
 

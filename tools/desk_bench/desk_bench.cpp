@@ -150,14 +150,20 @@ bool parse(int argc, char** argv, Options& o) {
   for (int i = 1; i < argc; ++i) {
     const std::string a = argv[i];
     auto next = [&]() { return i + 1 < argc ? std::atoi(argv[++i]) : 0; };
-    if (a == "--ola-port") o.olaPort = next();
-    else if (a == "--universe") o.universe = unsigned(next());
-    else if (a == "--listen") o.listen = next();
-    else if (a == "--idle") o.idleSeconds = next();
-    else if (a == "--moves") o.moves = next();
+    if (a == "--ola-port")
+      o.olaPort = next();
+    else if (a == "--universe")
+      o.universe = unsigned(next());
+    else if (a == "--listen")
+      o.listen = next();
+    else if (a == "--idle")
+      o.idleSeconds = next();
+    else if (a == "--moves")
+      o.moves = next();
     else if (a == "--") {
       for (++i; i < argc; ++i) o.desk.push_back(argv[i]);
-    } else return false;
+    } else
+      return false;
   }
   o.desk.push_back(nullptr);
   return o.desk.size() > 1;
@@ -173,13 +179,14 @@ void verdict(const char* what, double value, double limit, const char* unit) {
 int main(int argc, char** argv) {
   Options o;
   if (!parse(argc, argv, o)) {
-    std::fprintf(stderr, "usage: desk_bench --ola-port P [--universe U] [--listen PORT] "
-                         "[--idle S] [--moves N] -- QUINTARA ARGS...\n");
+    std::fprintf(stderr,
+                 "usage: desk_bench --ola-port P [--universe U] [--listen PORT] "
+                 "[--idle S] [--moves N] -- QUINTARA ARGS...\n");
     return 2;
   }
   Bench b;
-  b.socket.reset(ola::network::TCPSocket::Connect(ola::network::IPV4SocketAddress(
-      ola::network::IPV4Address::Loopback(), uint16_t(o.olaPort))));
+  b.socket.reset(ola::network::TCPSocket::Connect(
+      ola::network::IPV4SocketAddress(ola::network::IPV4Address::Loopback(), uint16_t(o.olaPort))));
   if (!b.socket) {
     std::fprintf(stderr, "desk_bench: no olad on port %d\n", o.olaPort);
     return 1;
@@ -255,7 +262,8 @@ int main(int argc, char** argv) {
   verdict("resident memory (peak)", double(after.hwmKb) / 1024.0, 60, "MB");
   std::printf("%-34s %9.2f ms\n", "frame interval, median", percentile(intervals, 50));
   verdict("frame interval |d-25|, p99", percentile(deviation, 99), 1, "ms");
-  verdict("largest frame interval", intervals.empty() ? 0 : *std::max_element(intervals.begin(), intervals.end()), 30, "ms");
+  verdict("largest frame interval",
+          intervals.empty() ? 0 : *std::max_element(intervals.begin(), intervals.end()), 30, "ms");
   std::printf("%-34s %9zu\n", "intervals above 30 ms", gaps);
   std::printf("%-34s %9.2f ms\n", "command to wire, median", percentile(latencies, 50));
   verdict("command to wire, p99", percentile(latencies, 99), 30, "ms");

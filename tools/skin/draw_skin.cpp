@@ -42,17 +42,30 @@ bool isOnKey(const DeskItem& it) { return it.control.rfind("lbl", 0) == 0; }
 void drawFace(QPainter& p, const DeskItem& it) {
   const QRectF r = skin::toRect(it.rect);
   switch (it.face) {
-    case Face::LongKey: skin::drawLongKey(p, r, KeyState::Unlit); break;
-    case Face::GoKey: skin::drawGoKey(p, r, false); break;
+    case Face::LongKey:
+      skin::drawLongKey(p, r, KeyState::Unlit);
+      break;
+    case Face::GoKey:
+      skin::drawGoKey(p, r, false);
+      break;
     case Face::SquareKey:
       skin::drawSquareKey(p, r, QString::fromStdString(it.caption),
                           it.control == "btnBlackOut" ? pal::red : pal::blue, false);
       break;
-    case Face::Selector: skin::drawSelector(p, r, false); break;
-    case Face::FlashKey: skin::drawFlashKey(p, r, false); break;
-    case Face::LedBar: skin::drawLedBar(p, r, false); break;
-    case Face::Well: skin::drawWell(p, r); break;
-    case Face::None: break;
+    case Face::Selector:
+      skin::drawSelector(p, r, false);
+      break;
+    case Face::FlashKey:
+      skin::drawFlashKey(p, r, false);
+      break;
+    case Face::LedBar:
+      skin::drawLedBar(p, r, false);
+      break;
+    case Face::Well:
+      skin::drawWell(p, r);
+      break;
+    case Face::None:
+      break;
   }
 }
 
@@ -76,15 +89,20 @@ void drawTimesGraph(QPainter& p, const QRectF& r) {
   p.drawRect(QRectF(r.left() + 1, r.top() + unit * 1, r.width() - 2, unit * 2));
   p.drawRect(QRectF(r.left() + 1, r.top() + unit * 4, r.width() - 2, unit * 2));
   skin::drawText(p, QRectF(r.left() + 4, r.top() + unit * 7.5, r.width() - 8, unit * 6),
-                 "STAGE FALLS  \u2022  PROG RISES", 7, false, Align::Right, QColor(0x3E, 0x45, 0x50));
+                 "STAGE FALLS  \u2022  PROG RISES", 7, false, Align::Right,
+                 QColor(0x3E, 0x45, 0x50));
 }
 
 void drawItem(QPainter& p, const DeskItem& it) {
   const QRectF r = skin::toRect(it.rect);
   const QString text = QString::fromStdString(it.caption);
   switch (it.kind) {
-    case ItemKind::Panel: skin::fillPanel(p, r); break;
-    case ItemKind::Title: skin::drawText(p, r, text, it.fontPx, true, it.align, pal::title); break;
+    case ItemKind::Panel:
+      skin::fillPanel(p, r);
+      break;
+    case ItemKind::Title:
+      skin::drawText(p, r, text, it.fontPx, true, it.align, pal::title);
+      break;
     case ItemKind::Caption:
       skin::drawText(p, r, text, it.fontPx, it.bold, it.align, pal::caption);
       break;
@@ -94,17 +112,20 @@ void drawItem(QPainter& p, const DeskItem& it) {
       break;
     case ItemKind::MasterFader:
       skin::drawSlot(p, r, kKnobHeight);
-      skin::drawScale(p, r, kKnobHeight, it.control == "SMaster" ? 1 : -1,
-                      it.control == "SMaster");
+      skin::drawScale(p, r, kKnobHeight, it.control == "SMaster" ? 1 : -1, it.control == "SMaster");
       break;
     case ItemKind::Button:
-    case ItemKind::Lamp: drawFace(p, it); break;
+    case ItemKind::Lamp:
+      drawFace(p, it);
+      break;
     case ItemKind::Label:
       if (!isOnKey(it)) skin::drawWell(p, r);
       break;
     case ItemKind::TextBox:
     case ItemKind::ScrollBar:
-    case ItemKind::Player: skin::drawWell(p, r); break;
+    case ItemKind::Player:
+      skin::drawWell(p, r);
+      break;
     case ItemKind::Picture:
       if (it.control == "Picture1")
         drawLiveDisplay(p, r);
@@ -149,8 +170,7 @@ void drawParts(QPainter& p) {
   piece("ImgLedPush", pal::panel, [&](QRectF r) { skin::drawLongKey(p, r, KeyState::Held); });
   piece("ImgLedOn", pal::panel, [&](QRectF r) { skin::drawLongKey(p, r, KeyState::Lit); });
   piece("imgGo", QColor(0x10, 0x1C, 0x15), [&](QRectF r) { skin::drawGoKey(p, r, true); });
-  piece("imgBO", pal::panel,
-        [&](QRectF r) { skin::drawSquareKey(p, r, "B.O.", pal::red, true); });
+  piece("imgBO", pal::panel, [&](QRectF r) { skin::drawSquareKey(p, r, "B.O.", pal::red, true); });
   piece("imgXfaderMode", pal::panel,
         [&](QRectF r) { skin::drawSquareKey(p, r, "TIME", pal::blue, true); });
   piece("led_ON", pal::panel, [&](QRectF r) { skin::drawSelector(p, r, true); });

@@ -64,8 +64,9 @@ void drawText(QPainter& p, const QRectF& r, const QString& text, int px, bool bo
   p.setFont(f);
   p.setPen(colour);
   int flags = Qt::AlignVCenter | Qt::TextDontClip;
-  flags |= align == Align::Left ? Qt::AlignLeft : align == Align::Right ? Qt::AlignRight
-                                                                        : Qt::AlignHCenter;
+  flags |= align == Align::Left    ? Qt::AlignLeft
+           : align == Align::Right ? Qt::AlignRight
+                                   : Qt::AlignHCenter;
   p.drawText(r, flags, text);
 }
 
@@ -77,7 +78,8 @@ void drawLongKey(QPainter& p, const QRectF& r, KeyState s) {
   const QRectF body = r.adjusted(1, 1, -1, -1);
   switch (s) {
     case KeyState::Unlit:
-      roundedFill(p, body, 3, vertical(body, palette::keyTop, palette::keyBottom), palette::keyEdge);
+      roundedFill(p, body, 3, vertical(body, palette::keyTop, palette::keyBottom),
+                  palette::keyEdge);
       p.setPen(QPen(mix(palette::keyTop, Qt::white, 0.15), 1));
       p.drawLine(QPointF(body.left() + 3, body.top() + 1.5),
                  QPointF(body.right() - 3, body.top() + 1.5));
@@ -89,9 +91,10 @@ void drawLongKey(QPainter& p, const QRectF& r, KeyState s) {
     case KeyState::Held:
     case KeyState::Lit: {
       const QColor lamp = s == KeyState::Lit ? palette::green : palette::amber;
-      roundedFill(p, body, 3, vertical(body, mix(palette::keyTop, lamp, 0.28),
-                                       mix(palette::keyBottom, lamp, 0.12)),
-                  mix(palette::keyEdge, lamp, 0.7));
+      roundedFill(
+          p, body, 3,
+          vertical(body, mix(palette::keyTop, lamp, 0.28), mix(palette::keyBottom, lamp, 0.12)),
+          mix(palette::keyEdge, lamp, 0.7));
       const QRectF strip(body.left() + 6, body.top() + 3, body.width() - 12, 3);
       p.setPen(Qt::NoPen);
       p.setBrush(lamp);
@@ -113,15 +116,14 @@ void drawGoKey(QPainter& p, const QRectF& r, bool lit) {
   drawText(p, body, "GO", 17, true, Align::Center, text);
 }
 
-void drawSquareKey(QPainter& p, const QRectF& r, const QString& text, const QColor& hue,
-                   bool lit) {
+void drawSquareKey(QPainter& p, const QRectF& r, const QString& text, const QColor& hue, bool lit) {
   const QRectF body = r.adjusted(1, 1, -1, -1);
   if (lit)
     roundedFill(p, body, 3, vertical(body, mix(hue, Qt::white, 0.25), hue),
                 mix(hue, Qt::white, 0.5));
   else
-    roundedFill(p, body, 3, vertical(body, mix(palette::keyTop, hue, 0.22),
-                                     mix(palette::keyBottom, hue, 0.12)),
+    roundedFill(p, body, 3,
+                vertical(body, mix(palette::keyTop, hue, 0.22), mix(palette::keyBottom, hue, 0.12)),
                 mix(palette::keyEdge, hue, 0.45));
   drawText(p, body, text, 8, true, Align::Center, lit ? Qt::white : mix(hue, Qt::white, 0.2));
 }

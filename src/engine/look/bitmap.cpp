@@ -15,9 +15,7 @@ uint32_t le32(const std::vector<uint8_t>& b, size_t at) {
   return uint32_t(b[at]) | uint32_t(b[at + 1]) << 8 | uint32_t(b[at + 2]) << 16 |
          uint32_t(b[at + 3]) << 24;
 }
-uint16_t le16(const std::vector<uint8_t>& b, size_t at) {
-  return uint16_t(b[at] | b[at + 1] << 8);
-}
+uint16_t le16(const std::vector<uint8_t>& b, size_t at) { return uint16_t(b[at] | b[at + 1] << 8); }
 
 // One colour channel taken out of a packed pixel by its mask, scaled to 0..255.
 uint32_t channel(uint32_t px, uint32_t mask) {
@@ -91,8 +89,7 @@ uint32_t readPixel(const std::vector<uint8_t>& b, size_t row, int x, const Heade
     case 32:
     case 16: {
       const uint32_t px = h.bpp == 32 ? le32(b, row + size_t(x) * 4) : le16(b, row + size_t(x) * 2);
-      return channel(px, h.masks[0]) << 16 | channel(px, h.masks[1]) << 8 |
-             channel(px, h.masks[2]);
+      return channel(px, h.masks[0]) << 16 | channel(px, h.masks[1]) << 8 | channel(px, h.masks[2]);
     }
     default: {
       const int perByte = 8 / h.bpp;
@@ -109,7 +106,8 @@ uint32_t readPixel(const std::vector<uint8_t>& b, size_t row, int x, const Heade
 bool Bitmap::load(const std::string& path, std::string& error) {
   std::ifstream in(path, std::ios::binary);
   if (!in) return error = "cannot open " + path, false;
-  const std::vector<uint8_t> b((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  const std::vector<uint8_t> b((std::istreambuf_iterator<char>(in)),
+                               std::istreambuf_iterator<char>());
   Header h;
   if (!readHeader(b, h, error)) return false;
   const size_t stride = (size_t(h.width) * size_t(h.bpp) + 31) / 32 * 4;

@@ -40,8 +40,8 @@ class Builder {
     return c;
   }
   DeskItem& key(std::string control, int x, int y, std::string text = {}) {
-    DeskItem& k = add(std::move(control), ItemKind::Button, {x, y, 45, 29}, std::move(text),
-                      Face::LongKey);
+    DeskItem& k =
+        add(std::move(control), ItemKind::Button, {x, y, 45, 29}, std::move(text), Face::LongKey);
     k.fontPx = 9;
     k.bold = true;
     return k;
@@ -95,8 +95,7 @@ void masters(Builder& b) {
   b.add("SMaster", ItemKind::MasterFader, {642, 125, kMasterTrackWidth, kMasterTrackHeight});
   b.add("Xfader", ItemKind::MasterFader, {719, 125, kMasterTrackWidth, kMasterTrackHeight});
   b.add("btnBlackOut", ItemKind::Button, {643, 358, 29, 31}, "B.O.", Face::SquareKey).bold = true;
-  b.add("btnXfaderMode", ItemKind::Button, {720, 358, 29, 31}, "TIME", Face::SquareKey).bold =
-      true;
+  b.add("btnXfaderMode", ItemKind::Button, {720, 358, 29, 31}, "TIME", Face::SquareKey).bold = true;
 }
 
 void memories(Builder& b) {

@@ -113,7 +113,8 @@ TEST(SkinPieces, EveryPieceLiesInsideTheSmallestSkinAndNoneOverlaps) {
     EXPECT_LE(all[i].bottom(), look::kMinSkinHeight) << i;
     // The desk itself must stay clear of the parts sheet.
     EXPECT_GE(all[i].left, look::kDeskWidth) << i;
-    for (size_t j = i + 1; j < all.size(); ++j) EXPECT_FALSE(overlap(all[i], all[j])) << i << " " << j;
+    for (size_t j = i + 1; j < all.size(); ++j)
+      EXPECT_FALSE(overlap(all[i], all[j])) << i << " " << j;
   }
 }
 
@@ -162,8 +163,9 @@ TEST_F(LookTest, AMissingChosenSkinIsReportedAndTheConsoleGoesOn) {
   std::ofstream(path("Quintara.INI")) << "[Setup]\r\nSkin=" << path("nothere.bmp") << "\r\n";
   console().start();
   ASSERT_FALSE(dialogs.shown.empty());
-  EXPECT_EQ(dialogs.shown.back().rfind("MSGBOX ERROR | Error loading file : " + path("nothere.bmp"), 0),
-            0u);
+  EXPECT_EQ(
+      dialogs.shown.back().rfind("MSGBOX ERROR | Error loading file : " + path("nothere.bmp"), 0),
+      0u);
   EXPECT_TRUE(form1().isVisible());
 }
 
