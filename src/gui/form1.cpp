@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
+#include <QTimer>
 #include <algorithm>
 #include <cmath>
 
@@ -77,6 +78,11 @@ Form1::Form1(DeskContext& ctx, DeskPlayer* players[2]) : ctx_(ctx) {
   zoomKey(QKeySequence(Qt::CTRL | Qt::Key_Equal), [this] { stepZoom(kZoomStep); });
   zoomKey(QKeySequence::ZoomOut, [this] { stepZoom(-kZoomStep); });
   zoomKey(QKeySequence(Qt::CTRL | Qt::Key_0), [this] { ctx_.console.look.setZoom(0); });
+  // A window being dragged to a new size refits once it rests.
+  fitTimer_ = new QTimer(this);
+  fitTimer_->setSingleShot(true);
+  fitTimer_->setInterval(80);
+  connect(fitTimer_, &QTimer::timeout, this, &Form1::fitToWindow);
   applyZoom();
 }
 
@@ -112,6 +118,23 @@ void Form1::applyZoom() {
   desk_->relayout();
   if (!isMaximized() && !isFullScreen())
     resize(desk_->width(), desk_->height() + menuBar()->sizeHint().height());
+}
+
+void Form1::resizeEvent(QResizeEvent* e) {
+  QMainWindow::resizeEvent(e);
+  if (shownOnce_ && zoomOverride_ <= 0 && ctx_.console.look.zoom() <= 0) fitTimer_->start();
+}
+
+void Form1::fitToWindow() {
+  if (zoomOverride_ > 0 || ctx_.console.look.zoom() > 0) return;
+  // One pixel of slack: the desk at a zoom is rounded to whole pixels.
+  const QSize room = scroll_->viewport()->size() + QSize(1, 1);
+  const double z =
+      std::min(double(room.width()) / look::kDeskWidth, double(room.height()) / look::kDeskHeight);
+  const double fitted = std::clamp(std::floor(z * 20) / 20, Look::kMinZoom, Look::kMaxZoom);
+  if (fitted == ctx_.zoom()) return;
+  ctx_.setZoom(fitted);
+  desk_->relayout();
 }
 
 void Form1::stepZoom(double delta) {

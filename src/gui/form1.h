@@ -9,6 +9,7 @@
 #include "gui/desk_context.h"
 
 class QScrollArea;
+class QTimer;
 
 namespace q::gui {
 
@@ -38,6 +39,7 @@ class Form1 : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* e) override;
+  void resizeEvent(QResizeEvent* e) override;
   bool eventFilter(QObject* watched, QEvent* e) override;
   void dragEnterEvent(QDragEnterEvent* e) override;
   void dropEvent(QDropEvent* e) override;
@@ -45,6 +47,8 @@ class Form1 : public QMainWindow {
  private:
   void followConsoleWindow();
   void stepZoom(double delta);
+  // With the automatic zoom, the desk follows the window's size.
+  void fitToWindow();
   void closeIfConsoleClosed();
   bool typingInTextBox() const;
 
@@ -55,6 +59,7 @@ class Form1 : public QMainWindow {
   int lookListener_ = 0;
   bool shownOnce_ = false;
   double zoomOverride_ = 0;
+  QTimer* fitTimer_ = nullptr;
 };
 
 }  // namespace q::gui

@@ -251,6 +251,17 @@ TEST_F(DeskTest, TheDeskScalesAsAWhole) {
   EXPECT_EQ(desk().desk().size(), QSize(look::kDeskWidth * 2, look::kDeskHeight * 2));
 }
 
+TEST_F(DeskTest, WithTheAutomaticZoomTheDeskFollowsTheWindow) {
+  desk();
+  form->show();
+  form->setZoomOverride(0);
+  form->resize(look::kDeskWidth * 2, look::kDeskHeight * 2 + form->menuBar()->height());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return ctx->zoom() == 2.0; }, 2000)) << ctx->zoom();
+  console().look.setZoom(1.25);  // a chosen zoom holds whatever the window's size
+  EXPECT_EQ(ctx->zoom(), 1.25);
+  EXPECT_EQ(console().settings.ini().read("Setup", "Zoom", ""), "1.25");
+}
+
 TEST_F(DeskTest, TheLiveDisplayRepaintsWhenTheMixDrawsIt) {
   auto* display = widget("Picture1");
   ASSERT_NE(display, nullptr);
