@@ -232,6 +232,20 @@ TEST_F(DeskTest, AStripNameShowsTheFontAndColoursTheConsoleGaveIt) {
   EXPECT_NE(name->palette().color(QPalette::Text), QColor(0xFF, 0x20, 0x00));
 }
 
+TEST_F(DeskTest, ResetKeepsTheDeskStandingAndShowsTheResetStrips) {
+  auto* f = widget<gui::FaderWidget>("Fader(7)");
+  form1().Fader(7).setPosition(0);
+  form1().Slabel(7).setText("Spot");
+  const int generation = console().look.generation();
+  dialogs.queueAnswer("OK");
+  desk().menus().action("mnuNew")->trigger();
+  EXPECT_EQ(console().look.generation(), generation + 1) << "the reload skins the desk again";
+  EXPECT_FALSE(console().closed());
+  EXPECT_EQ(f->knobRect().bottom(), f->height() - 1);
+  EXPECT_EQ(widget<gui::TextBoxView>("Slabel(7)")->text(), "");
+  EXPECT_TRUE(form1().isVisible());
+}
+
 TEST_F(DeskTest, TheCloseQuestionDecides) {
   desk();
   dialogs.queueAnswer("No");
