@@ -11,18 +11,18 @@ TimerDriver::TimerDriver(Scheduler& scheduler) : scheduler_(scheduler) {
   timer_.setSingleShot(true);
   timer_.setTimerType(Qt::PreciseTimer);
   connect(&timer_, &QTimer::timeout, this, &TimerDriver::runDue);
-  scheduler_.onChanged = [this] {
-    if (!running_) rearm();
-  };
+  scheduler_.onChanged = [this] { rearm(); };
   rearm();
 }
 
 TimerDriver::~TimerDriver() { scheduler_.onChanged = nullptr; }
 
 void TimerDriver::runDue() {
-  running_ = true;
+  // Armed before the ticks run: a handler that opens a modal box runs the
+  // event loop inside it, and the other timers (the output above all) must
+  // go on ticking there.
+  rearm();
   scheduler_.runDue();
-  running_ = false;
   rearm();
 }
 

@@ -27,7 +27,6 @@ class TimerDriver : public QObject {
 
   Scheduler& scheduler_;
   QTimer timer_;
-  bool running_ = false;  // inside runDue: re-arm once at its end
 };
 
 }  // namespace q::gui

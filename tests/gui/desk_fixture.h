@@ -15,16 +15,19 @@
 
 namespace q::test {
 
+// One application for the whole test program, on the offscreen platform.
+inline void ensureApplication() {
+  if (qApp) return;
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  static int argc = 1;
+  static char name[] = "test_gui";
+  static char* argv[] = {name, nullptr};
+  new QApplication(argc, argv);
+}
+
 class DeskFixture : public ConsoleFixture {
  protected:
-  static void SetUpTestSuite() {
-    if (qApp) return;
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int argc = 1;
-    static char name[] = "test_gui";
-    static char* argv[] = {name, nullptr};
-    new QApplication(argc, argv);
-  }
+  static void SetUpTestSuite() { ensureApplication(); }
 
   void TearDown() override {
     form.reset();

@@ -18,7 +18,7 @@ void Scheduler::restartPeriod(Timer* t) { t->due_ = now() + std::max(1, t->inter
 Timer* Scheduler::earliestDue(int64_t limit) const {
   Timer* best = nullptr;
   for (Timer* t : timers_) {
-    if (!t->running_ || t->due_ > limit) continue;
+    if (!t->running_ || t->firing_ || t->due_ > limit) continue;
     if (!best || t->due_ < best->due_ || (t->due_ == best->due_ && t->enableSeq_ < best->enableSeq_))
       best = t;
   }
@@ -33,7 +33,9 @@ int64_t Scheduler::nextDue() const {
 void Scheduler::fire(Timer* t) {
   const int64_t due = t->due_;
   const uint64_t seq = t->enableSeq_;
+  t->firing_ = true;
   t->tick();
+  t->firing_ = false;
   // The handler may have stopped, restarted or re-timed its own timer; only
   // an untouched timer moves on by one period.
   if (t->running_ && t->due_ == due && t->enableSeq_ == seq)

@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "desk_fixture.h"
+#include "engine/controls/timer.h"
+#include "engine/core/scheduler.h"
+#include "gui/timer_driver.h"
+
+namespace q {
+namespace {
+
+TEST(TimerDriver, TicksArriveOnTimeFromTheEventLoop) {
+  test::ensureApplication();
+  SteadyClock clock;
+  Scheduler scheduler(clock);
+  gui::TimerDriver driver(scheduler);
+  Timer output("DMXTimer", scheduler, 20);
+  int ticks = 0;
+  output.onTick = [&] { ++ticks; };
+  output.setRunning(true);
+  QTest::qWait(210);
+  EXPECT_GE(ticks, 8);
+  EXPECT_LE(ticks, 11);
+  output.setRunning(false);
+  const int stopped = ticks;
+  QTest::qWait(100);
+  EXPECT_EQ(ticks, stopped);
+}
+
+// A handler that opens a modal box runs the event loop inside its tick: the
+// output goes on meanwhile, and the waiting timer is not entered a second time.
+TEST(TimerDriver, OtherTimersTickWhileAHandlerWaitsInTheEventLoop) {
+  test::ensureApplication();
+  SteadyClock clock;
+  Scheduler scheduler(clock);
+  gui::TimerDriver driver(scheduler);
+  Timer output("DMXTimer", scheduler, 10);
+  Timer fade("MemTimer", scheduler, 30);
+  int outputTicks = 0, fadeTicks = 0, depth = 0, deepest = 0, outputWhileWaiting = 0;
+  output.onTick = [&] { ++outputTicks; };
+  fade.onTick = [&] {
+    ++fadeTicks;
+    deepest = std::max(deepest, ++depth);
+    if (fadeTicks == 1) {
+      const int before = outputTicks;
+      QTest::qWait(200);
+      outputWhileWaiting = outputTicks - before;
+    }
+    --depth;
+  };
+  output.setRunning(true);
+  fade.setRunning(true);
+  QTest::qWait(400);
+  EXPECT_GE(outputWhileWaiting, 12);
+  EXPECT_EQ(deepest, 1);
+  EXPECT_GE(fadeTicks, 3) << "the waiting timer goes on once its handler returned";
+}
+
+}  // namespace
+}  // namespace q
