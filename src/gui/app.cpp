@@ -28,6 +28,7 @@
 #include "gui/splash_screen.h"
 #include "gui/timer_driver.h"
 #include "platform/dmx_devices.h"
+#include "platform/midi/rtmidi_ports.h"
 #include "platform/process/posix_process_launcher.h"
 #include "platform/program_folder.h"
 
@@ -111,6 +112,10 @@ int runDesk(int argc, char** argv) {
   host.devices = &realDevices();
   PosixProcessLauncher processes;
   host.processes = &processes;
+  RtMidiInPort midiIn;
+  RtMidiOutPort midiOut;
+  host.midiIn = &midiIn;
+  host.midiOut = &midiOut;
   Console console(host);
   console.look.shippedSkinDirs.insert(console.look.shippedSkinDirs.begin(),
                                       sharedDataDir() + "/skins");
@@ -125,6 +130,11 @@ int runDesk(int argc, char** argv) {
     form.setZoomOverride(opt.zoom);
   dialogs.setParent(&form);
   watchSignals(&app);
+  // MIDI arrives on RtMidi's thread; the console takes it on its own, here.
+  if (midiIn.wakeFd() >= 0) {
+    auto* midi = new QSocketNotifier(midiIn.wakeFd(), QSocketNotifier::Read, &app);
+    QObject::connect(midi, &QSocketNotifier::activated, &app, [&midiIn] { midiIn.pump(); });
+  }
 
   gui::SplashScreen* splash = nullptr;
   if (!screenshot && !console.hasSwitch("-nosplash")) {
