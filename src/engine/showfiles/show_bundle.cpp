@@ -4,6 +4,7 @@
 // line comes up, the index staying open meanwhile.
 
 #include <array>
+#include <filesystem>
 
 #include "engine/core/console.h"
 #include "engine/showfiles/file_error.h"
@@ -54,6 +55,14 @@ constexpr std::array<KeyRule, 7> kKeys = {{{"NAM", Key::Name, 5},
                                            {"PAT", Key::Patch, 6}}};
 }  // namespace
 
+// A hand-written index may name its companions relative to itself, so that a
+// show folder can move; names saved by the console are full paths.
+static std::string besideIndex(const std::string& indexPath, const std::string& name) {
+  std::filesystem::path p(name);
+  if (name.empty() || p.is_absolute()) return name;
+  return (std::filesystem::path(indexPath).parent_path() / p).string();
+}
+
 void LoadShow(Console& c, const std::string& path) {
   LineReader index(path);
   while (index.next()) {
@@ -62,6 +71,10 @@ void LoadShow(Console& c, const std::string& path) {
     for (const auto& k : kKeys) {
       if (line.compare(0, 3, k.prefix) != 0) continue;
       const std::string value = index.restText(k.cut);
+      // A companion line with no name would fail inside a reader that has no
+      // file to name; the index line is where the fault is.
+      if (value.empty() && k.key != Key::Name && k.key != Key::Date) index.fail("no file named");
+      const std::string companion = besideIndex(path, value);
       switch (k.key) {
         case Key::Name:
           c.v.ShowName = value;
@@ -70,19 +83,19 @@ void LoadShow(Console& c, const std::string& path) {
           c.v.ShowDate = value;
           break;
         case Key::Submasters:
-          LoadSubmasters(c, value);
+          LoadSubmasters(c, companion);
           break;
         case Key::CueList:
-          LoadCueList(c, value);
+          LoadCueList(c, companion);
           break;
         case Key::Chaser1:
-          LoadChaser(c, value, 0);
+          LoadChaser(c, companion, 0);
           break;
         case Key::Chaser2:
-          LoadChaser(c, value, 1);
+          LoadChaser(c, companion, 1);
           break;
         case Key::Patch:
-          LoadPatch(c, value);
+          LoadPatch(c, companion);
           break;
       }
       break;
