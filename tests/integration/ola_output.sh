@@ -21,39 +21,10 @@ cleanup() {
 trap cleanup EXIT
 fail() { echo "FAIL: $*"; [ -f "$work/olad.log" ] && tail -20 "$work/olad.log"; exit 1; }
 
-# olad refuses to run as root: run it as nobody, in a folder nobody can write.
-conf="$work/olad"
-mkdir -p "$conf"
-for plugin in artnet e131 espnet ftdidmx gpio karate kinet milinst opendmx openpixelcontrol osc \
-              pathport renard sandnet shownet spi stageprofi uartdmx usbdmx usbserial; do
-  echo "enabled = false" > "$conf/ola-$plugin.conf"
-done
-printf 'enabled = true\ndummy_device_count = 1\n' > "$conf/ola-dummy.conf"
-chmod 777 "$work" "$conf"
-chmod 666 "$conf"/*
-
-port=
-for try in $(seq 1 20); do
-  candidate=$((20000 + RANDOM % 20000))
-  if ! ss -ltn 2>/dev/null | grep -q ":$candidate\b"; then port=$candidate; break; fi
-done
-[ -n "$port" ] || fail "no free port"
-
-run_as=()
-if [ "$(id -u)" -eq 0 ]; then
-  command -v setpriv >/dev/null || { echo "SKIP: running as root without setpriv to drop to nobody"; exit 77; }
-  run_as=(setpriv --reuid=nobody --regid=nogroup --clear-groups)
-fi
-"${run_as[@]}" olad -c "$conf" --no-http --no-register-with-dns-sd --rpc-port "$port" -l 2 \
-  >"$work/olad.log" 2>&1 &
-olad_pid=$!
-
-for i in $(seq 1 100); do
-  "$readback" --port "$port" --patch-dummy 1 >/dev/null 2>&1 && break
-  kill -0 "$olad_pid" 2>/dev/null || fail "olad did not start"
-  sleep 0.1
-done
-"$readback" --port "$port" --patch-dummy 1 || fail "could not patch the dummy device to universe 1"
+. "$(dirname "$0")/../../tools/ola_readback/private_olad.sh"
+start_private_olad "$work" "$readback"
+case $? in 0) ;; 77) echo "SKIP: cannot run olad here"; exit 77 ;; *) fail "private olad" ;; esac
+port=$ola_port
 
 # The console sends every 25 ms; the universe is read back while it runs,
 # and the frame is printed by the console at the end (nothing changes in between).

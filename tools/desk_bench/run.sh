@@ -22,25 +22,9 @@ cleanup() {
 }
 trap cleanup EXIT
 
-conf="$work/olad"
-mkdir -p "$conf"
-for plugin in artnet e131 espnet ftdidmx gpio karate kinet milinst opendmx openpixelcontrol osc \
-              pathport renard sandnet shownet spi stageprofi uartdmx usbdmx usbserial; do
-  echo "enabled = false" > "$conf/ola-$plugin.conf"
-done
-printf 'enabled = true\ndummy_device_count = 1\n' > "$conf/ola-dummy.conf"
-chmod 777 "$work" "$conf"; chmod 666 "$conf"/*
-ola_port=$((20000 + RANDOM % 20000))
+. "$root/tools/ola_readback/private_olad.sh"
+start_private_olad "$work" "$readback" || { echo "could not start a private olad"; exit 1; }
 listen=$((40000 + RANDOM % 10000))
-run_as=()
-[ "$(id -u)" -eq 0 ] && run_as=(setpriv --reuid=nobody --regid=nogroup --clear-groups)
-"${run_as[@]}" olad -c "$conf" --no-http --no-register-with-dns-sd --rpc-port "$ola_port" -l 1 \
-  >"$work/olad.log" 2>&1 &
-olad_pid=$!
-for i in $(seq 1 100); do
-  "$readback" --port "$ola_port" --patch-dummy 1 >/dev/null 2>&1 && break
-  sleep 0.1
-done
 
 home="$work/home"
 mkdir -p "$home"
