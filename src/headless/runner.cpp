@@ -5,8 +5,10 @@
 #include "headless/runner.h"
 
 #include <poll.h>
+
 #include <signal.h>
 #include <unistd.h>
+#include <memory>
 
 #include <cerrno>
 #include <climits>
@@ -19,6 +21,7 @@
 #include "headless/interpreter.h"
 #include "headless/options.h"
 #include "platform/dmx_devices.h"
+#include "platform/midi/rtmidi_ports.h"
 #include "platform/process/posix_process_launcher.h"
 #include "platform/program_folder.h"
 
@@ -43,10 +46,13 @@ void installSignals() {
 // Standard input read as it comes, without blocking the timers.
 class InputLines {
  public:
-  // Waits at most timeoutMs (-1: until input or a signal) and takes what arrived.
-  void wait(int timeoutMs) {
-    pollfd p{STDIN_FILENO, POLLIN, 0};
-    if (poll(&p, 1, timeoutMs) <= 0) return;
+  // Waits at most timeoutMs (-1: until input or a signal) and takes what
+  // arrived. A MIDI port's wake-up descriptor is watched beside the input.
+  void wait(int timeoutMs, RtMidiInPort* midi) {
+    pollfd p[2] = {{STDIN_FILENO, POLLIN, 0}, {midi ? midi->wakeFd() : -1, POLLIN, 0}};
+    if (poll(p, 2, timeoutMs) <= 0) return;
+    if (p[1].revents & POLLIN) midi->pump();
+    if (!(p[0].revents & (POLLIN | POLLHUP | POLLERR))) return;
     char buf[4096];
     const ssize_t n = read(STDIN_FILENO, buf, sizeof buf);
     if (n > 0)
@@ -76,8 +82,8 @@ class InputLines {
 
 class Run {
  public:
-  Run(Console& c, ScriptedDialogs& d, Interpreter& in, bool realTime)
-      : c_(c), dialogs_(d), in_(in), realTime_(realTime) {}
+  Run(Console& c, ScriptedDialogs& d, Interpreter& in, bool realTime, RtMidiInPort* midi)
+      : c_(c), dialogs_(d), in_(in), realTime_(realTime), midi_(midi) {}
 
   bool over() const { return c_.closed() || stopRequested; }
 
@@ -103,7 +109,7 @@ class Run {
       }
       if (input.ended()) break;
       letTimeRun();
-      input.wait(msToNextTick());
+      input.wait(msToNextTick(), midi_);
     }
   }
 
@@ -123,6 +129,7 @@ class Run {
   ScriptedDialogs& dialogs_;
   Interpreter& in_;
   bool realTime_;
+  RtMidiInPort* midi_;
   int lineNo_ = 0;
 };
 
@@ -158,12 +165,22 @@ int runHeadless(int argc, char** argv) {
   host.devices = &realDevices();
   PosixProcessLauncher processes;
   host.processes = &processes;
+  // Real MIDI ports only on the real clock: a virtual-clock run must come out
+  // the same every time, whatever a surface plugged into the machine sends.
+  std::unique_ptr<RtMidiInPort> midiIn;
+  std::unique_ptr<RtMidiOutPort> midiOut;
+  if (!opt.virtualClock) {
+    midiIn = std::make_unique<RtMidiInPort>();
+    midiOut = std::make_unique<RtMidiOutPort>();
+    host.midiIn = midiIn.get();
+    host.midiOut = midiOut.get();
+  }
   Console console(host);
   // The interpreter exists before start-up, so boxes shown while starting are printed too.
   Interpreter interpreter(console, dialogs, opt.virtualClock ? &virtualClock : nullptr, std::cout);
   console.start();
 
-  Run run(console, dialogs, interpreter, !opt.virtualClock);
+  Run run(console, dialogs, interpreter, !opt.virtualClock, midiIn.get());
   if (script.is_open())
     run.script(script);
   else
