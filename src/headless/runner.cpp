@@ -8,13 +8,13 @@
 
 #include <signal.h>
 #include <unistd.h>
-#include <memory>
 
 #include <cerrno>
 #include <climits>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
 
 #include "engine/core/console.h"
 #include "engine/core/scripted_dialogs.h"
