@@ -1,7 +1,7 @@
 #include "support/console_fixture.h"
 
-#include <atomic>
 #include <unistd.h>
+#include <atomic>
 
 namespace q::test {
 

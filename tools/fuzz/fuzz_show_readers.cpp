@@ -48,13 +48,27 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   q::Console& c = console();
   try {
     switch (data[0] % 8) {
-      case 0: q::LoadCueList(c, file); break;
-      case 1: q::PasteCueClipboard(c, file); break;
-      case 2: q::LoadSubmasters(c, file); break;
-      case 3: q::LoadChaser(c, file, data[0] & 8 ? 1 : 0); break;
-      case 4: q::LoadPatch(c, file); break;
-      case 5: q::LoadChannels(c, file); break;
-      default: q::LoadShow(c, file); break;
+      case 0:
+        q::LoadCueList(c, file);
+        break;
+      case 1:
+        q::PasteCueClipboard(c, file);
+        break;
+      case 2:
+        q::LoadSubmasters(c, file);
+        break;
+      case 3:
+        q::LoadChaser(c, file, data[0] & 8 ? 1 : 0);
+        break;
+      case 4:
+        q::LoadPatch(c, file);
+        break;
+      case 5:
+        q::LoadChannels(c, file);
+        break;
+      default:
+        q::LoadShow(c, file);
+        break;
     }
   } catch (const q::FileError&) {
     // The one way a reader is allowed to stop.

@@ -45,10 +45,18 @@ class Control {
   // A file dropped on the control with the mouse button that carried it.
   std::function<void(const std::string& path, MouseButton)> onDrop;
 
-  void mouseDown(MouseButton b = MouseButton::Left) { if (onMouseDown) onMouseDown(b); }
-  void mouseUp(MouseButton b = MouseButton::Left) { if (onMouseUp) onMouseUp(b); }
-  void click() { if (onClick) onClick(); }
-  void dblClick() { if (onDblClick) onDblClick(); }
+  void mouseDown(MouseButton b = MouseButton::Left) {
+    if (onMouseDown) onMouseDown(b);
+  }
+  void mouseUp(MouseButton b = MouseButton::Left) {
+    if (onMouseUp) onMouseUp(b);
+  }
+  void click() {
+    if (onClick) onClick();
+  }
+  void dblClick() {
+    if (onDblClick) onDblClick();
+  }
   void keyPress(int code);
   void drop(const std::string& path, MouseButton b = MouseButton::Left) {
     if (onDrop) onDrop(path, b);

@@ -11,8 +11,8 @@ namespace q {
 struct DrawItem {
   enum class Kind { Text, Box, Line };
   Kind kind = Kind::Text;
-  double x = 0, y = 0;   // text: top-left; box: one corner; line: start
-  double w = 0, h = 0;   // box: signed width and height (negative h grows upward); line: end offset
+  double x = 0, y = 0;  // text: top-left; box: one corner; line: start
+  double w = 0, h = 0;  // box: signed width and height (negative h grows upward); line: end offset
   std::string text;
   int color = 0;  // 0xRRGGBB
   bool filled = true;

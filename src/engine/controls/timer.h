@@ -36,7 +36,7 @@ class Timer : public Control {
   Scheduler& scheduler_;
   int interval_;
   bool running_ = false;
-  int64_t due_ = 0;        // when the next tick falls due, in clock ms
+  int64_t due_ = 0;         // when the next tick falls due, in clock ms
   uint64_t enableSeq_ = 0;  // order of enabling, for ticks due at the same instant
   // Inside its own tick: a tick delivered from a loop that the handler runs
   // (a modal box on the desk) skips this timer rather than enter it twice.

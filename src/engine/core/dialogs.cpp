@@ -5,10 +5,14 @@ namespace q {
 MsgResult defaultButton(MsgButtons b) {
   switch (b) {
     case MsgButtons::YesNo:
-    case MsgButtons::YesNoCancel: return MsgResult::Yes;
-    case MsgButtons::RetryCancel: return MsgResult::Retry;
-    case MsgButtons::AbortRetryIgnore: return MsgResult::Abort;
-    default: return MsgResult::OK;
+    case MsgButtons::YesNoCancel:
+      return MsgResult::Yes;
+    case MsgButtons::RetryCancel:
+      return MsgResult::Retry;
+    case MsgButtons::AbortRetryIgnore:
+      return MsgResult::Abort;
+    default:
+      return MsgResult::OK;
   }
 }
 

@@ -35,9 +35,15 @@ class Dialogs {
   // The chosen path, or "" when cancelled.
   virtual std::string fileDialog(const FileDialogRequest& request) = 0;
   // False when cancelled; otherwise style holds the chosen font.
-  virtual bool fontDialog(TextStyle& style) { (void)style; return false; }
+  virtual bool fontDialog(TextStyle& style) {
+    (void)style;
+    return false;
+  }
   // False when cancelled; otherwise color holds the chosen 0xRRGGBB.
-  virtual bool colorDialog(int& color) { (void)color; return false; }
+  virtual bool colorDialog(int& color) {
+    (void)color;
+    return false;
+  }
 };
 
 // The first button of a box: what it returns when nothing answers it.

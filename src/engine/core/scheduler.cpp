@@ -19,7 +19,8 @@ Timer* Scheduler::earliestDue(int64_t limit) const {
   Timer* best = nullptr;
   for (Timer* t : timers_) {
     if (!t->running_ || t->firing_ || t->due_ > limit) continue;
-    if (!best || t->due_ < best->due_ || (t->due_ == best->due_ && t->enableSeq_ < best->enableSeq_))
+    if (!best || t->due_ < best->due_ ||
+        (t->due_ == best->due_ && t->enableSeq_ < best->enableSeq_))
       best = t;
   }
   return best;

@@ -16,12 +16,16 @@ void ScriptedDialogs::show(std::string line) {
 
 static bool allowed(MsgButtons b, MsgResult r) {
   switch (b) {
-    case MsgButtons::OK: return r == MsgResult::OK;
-    case MsgButtons::OKCancel: return r == MsgResult::OK || r == MsgResult::Cancel;
-    case MsgButtons::YesNo: return r == MsgResult::Yes || r == MsgResult::No;
+    case MsgButtons::OK:
+      return r == MsgResult::OK;
+    case MsgButtons::OKCancel:
+      return r == MsgResult::OK || r == MsgResult::Cancel;
+    case MsgButtons::YesNo:
+      return r == MsgResult::Yes || r == MsgResult::No;
     case MsgButtons::YesNoCancel:
       return r == MsgResult::Yes || r == MsgResult::No || r == MsgResult::Cancel;
-    case MsgButtons::RetryCancel: return r == MsgResult::Retry || r == MsgResult::Cancel;
+    case MsgButtons::RetryCancel:
+      return r == MsgResult::Retry || r == MsgResult::Cancel;
     case MsgButtons::AbortRetryIgnore:
       return r == MsgResult::Abort || r == MsgResult::Retry || r == MsgResult::Ignore;
   }
@@ -34,8 +38,8 @@ MsgResult ScriptedDialogs::msgBox(const std::string& title, const std::string& t
   std::string a;
   if (!nextAnswer(a)) return defaultButton(buttons);
   static const std::pair<const char*, MsgResult> names[] = {
-      {"OK", MsgResult::OK},       {"Cancel", MsgResult::Cancel}, {"Yes", MsgResult::Yes},
-      {"No", MsgResult::No},       {"Retry", MsgResult::Retry},   {"Abort", MsgResult::Abort},
+      {"OK", MsgResult::OK},        {"Cancel", MsgResult::Cancel}, {"Yes", MsgResult::Yes},
+      {"No", MsgResult::No},        {"Retry", MsgResult::Retry},   {"Abort", MsgResult::Abort},
       {"Ignore", MsgResult::Ignore}};
   for (auto& [name, r] : names)
     if (a == name && allowed(buttons, r)) return r;

@@ -24,7 +24,8 @@ class ScriptedDialogs : public Dialogs {
                        const std::string& defaultText) override;
   std::string fileDialog(const FileDialogRequest& request) override;
 
-  // Every box shown, as the runner prints it: "MSGBOX title | text", "INPUTBOX title | prompt | default".
+  // Every box shown, as the runner prints it: "MSGBOX title | text", "INPUTBOX title | prompt |
+  // default".
   std::vector<std::string> shown;
   std::function<void(const std::string& line)> onShow;
 

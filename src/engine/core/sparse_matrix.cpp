@@ -69,11 +69,16 @@ Value CSparseMatrix::Cell(int16_t row, int16_t column) const {
   const Slot* s = slot(row, column);
   if (!s) return {};
   switch (s->tag) {
-    case kByte: return s->b;
-    case kInt16: return s->i;
-    case kDouble: return s->d;
-    case kString: return rows_[row + kRowOffset]->texts[s->text];
-    default: return {};
+    case kByte:
+      return s->b;
+    case kInt16:
+      return s->i;
+    case kDouble:
+      return s->d;
+    case kString:
+      return rows_[row + kRowOffset]->texts[s->text];
+    default:
+      return {};
   }
 }
 
@@ -81,11 +86,16 @@ double CSparseMatrix::number(int16_t row, int16_t column) const {
   const Slot* s = slot(row, column);
   if (!s) return 0;
   switch (s->tag) {
-    case kByte: return s->b;
-    case kInt16: return s->i;
-    case kDouble: return s->d;
-    case kString: return numberOr0(rows_[row + kRowOffset]->texts[s->text]);
-    default: return 0;
+    case kByte:
+      return s->b;
+    case kInt16:
+      return s->i;
+    case kDouble:
+      return s->d;
+    case kString:
+      return numberOr0(rows_[row + kRowOffset]->texts[s->text]);
+    default:
+      return 0;
   }
 }
 
@@ -109,11 +119,24 @@ void CSparseMatrix::setCell(int16_t row, int16_t column, const Value& v) {
   Slot& s = r->make(column);
   r->release(s);
   switch (v.index()) {
-    case 1: s.tag = kByte; s.b = std::get<uint8_t>(v); break;
-    case 2: s.tag = kInt16; s.i = std::get<int16_t>(v); break;
-    case 3: s.tag = kDouble; s.d = std::get<double>(v); break;
-    case 4: s.tag = kString; s.text = r->keep(std::get<std::string>(v)); break;
-    default: break;
+    case 1:
+      s.tag = kByte;
+      s.b = std::get<uint8_t>(v);
+      break;
+    case 2:
+      s.tag = kInt16;
+      s.i = std::get<int16_t>(v);
+      break;
+    case 3:
+      s.tag = kDouble;
+      s.d = std::get<double>(v);
+      break;
+    case 4:
+      s.tag = kString;
+      s.text = r->keep(std::get<std::string>(v));
+      break;
+    default:
+      break;
   }
 }
 

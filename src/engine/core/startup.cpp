@@ -7,10 +7,9 @@ namespace q {
 
 namespace {
 // Secondary windows, in the order the main window's unload forgets them.
-const char* const kUnloadOrder[] = {"frmSparseMatrix", "Mobile",    "Config",        "Cuewin",
-                                    "Simple",          "Canals",    "Tecles",        "MIDISetupForm",
-                                    "FX1Config",       "FX2Config", "CueProps",      "SpCue",
-                                    "frmAbout",        "Refreshrate"};
+const char* const kUnloadOrder[] = {
+    "frmSparseMatrix", "Mobile",    "Config",    "Cuewin",   "Simple", "Canals",   "Tecles",
+    "MIDISetupForm",   "FX1Config", "FX2Config", "CueProps", "SpCue",  "frmAbout", "Refreshrate"};
 }  // namespace
 
 bool Console::hasSwitch(const std::string& sw) const {

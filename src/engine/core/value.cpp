@@ -41,11 +41,16 @@ double leadingNumber(const std::string& text) {
 
 std::optional<double> numberOf(const Value& v) {
   switch (v.index()) {
-    case 0: return 0.0;
-    case 1: return double(std::get<uint8_t>(v));
-    case 2: return double(std::get<int16_t>(v));
-    case 3: return std::get<double>(v);
-    default: return parseNumber(std::get<std::string>(v));
+    case 0:
+      return 0.0;
+    case 1:
+      return double(std::get<uint8_t>(v));
+    case 2:
+      return double(std::get<int16_t>(v));
+    case 3:
+      return std::get<double>(v);
+    default:
+      return parseNumber(std::get<std::string>(v));
   }
 }
 
@@ -55,17 +60,22 @@ long roundHalfEven(double x) { return std::lrint(x); }  // default FE_TONEAREST:
 
 std::string toText(const Value& v) {
   switch (v.index()) {
-    case 0: return {};
-    case 1: return std::to_string(std::get<uint8_t>(v));
-    case 2: return std::to_string(std::get<int16_t>(v));
+    case 0:
+      return {};
+    case 1:
+      return std::to_string(std::get<uint8_t>(v));
+    case 2:
+      return std::to_string(std::get<int16_t>(v));
     case 3: {
       double d = std::get<double>(v);
-      if (d == std::floor(d) && std::fabs(d) < 1e15) return std::to_string(static_cast<long long>(d));
+      if (d == std::floor(d) && std::fabs(d) < 1e15)
+        return std::to_string(static_cast<long long>(d));
       char buf[32];
       std::snprintf(buf, sizeof buf, "%.15g", d);
       return buf;
     }
-    default: return std::get<std::string>(v);
+    default:
+      return std::get<std::string>(v);
   }
 }
 

@@ -18,7 +18,7 @@ constexpr VBool kFalse = 0;
 inline VBool vbool(bool b) { return b ? kTrue : kFalse; }
 
 constexpr int kChannels = 512;
-constexpr int kColumns = 24;      // ChanTable columns: 0 Stage, 1 Prog, 2..21 subs, 22 spare, 23 MIDI
+constexpr int kColumns = 24;  // ChanTable columns: 0 Stage, 1 Prog, 2..21 subs, 22 spare, 23 MIDI
 constexpr int kSubmasters = 20;
 constexpr int kStageColumn = 0;
 constexpr int kProgColumn = 1;

@@ -25,7 +25,11 @@ TEST(Scroller, CodeMoveRunsHandlerInsideCallerOnlyOnChange) {
 TEST(Scroller, HandlerMayMoveAnotherFaderReentrantly) {
   Scroller a("A", 0, 255, 0), b("B", 0, 255, 0);
   std::vector<std::string> order;
-  a.onChange = [&] { order.push_back("a-in"); b.setPosition(a.position()); order.push_back("a-out"); };
+  a.onChange = [&] {
+    order.push_back("a-in");
+    b.setPosition(a.position());
+    order.push_back("a-out");
+  };
   b.onChange = [&] { order.push_back("b"); };
   a.setPosition(7);
   EXPECT_EQ(order, (std::vector<std::string>{"a-in", "b", "a-out"}));
@@ -69,7 +73,9 @@ TEST(Scheduler, HandlerStoppingItsOwnTimerStopsIt) {
   Scheduler sched(clock);
   Timer t("MemTimer", sched, 100);
   int ticks = 0;
-  t.onTick = [&] { if (++ticks == 2) t.setRunning(false); };
+  t.onTick = [&] {
+    if (++ticks == 2) t.setRunning(false);
+  };
   t.setRunning(true);
   sched.advance(clock, 1000);
   EXPECT_EQ(ticks, 2);

@@ -37,9 +37,9 @@ TEST_F(SettingsTest, MissingFileGivesDefaultsAndExitWritesOnlyTheExitKeys) {
   EXPECT_EQ(v().MixDirty, kTrue);
   console().unload();
   const std::string text = slurp(ini());
-  for (const char* key : {"MaxChans=128", "Interface=0", "DMXRate=100", "Port=LPT1",
-                          "DataPresentLoop=50", "HighClockLoop=20", "LowClockLoop=20",
-                          "PercentValues=0", "SpaceKeyGo=0", "Channel=1"})
+  for (const char* key :
+       {"MaxChans=128", "Interface=0", "DMXRate=100", "Port=LPT1", "DataPresentLoop=50",
+        "HighClockLoop=20", "LowClockLoop=20", "PercentValues=0", "SpaceKeyGo=0", "Channel=1"})
     EXPECT_NE(text.find(std::string(key) + "\r\n"), std::string::npos) << key;
   EXPECT_EQ(text.find("ValuesMode"), std::string::npos);
   EXPECT_EQ(text.find("Level"), std::string::npos);
@@ -89,8 +89,9 @@ TEST_F(SettingsTest, DefaultSwitchIgnoresSetupButStillReadsRecentFiles) {
 }
 
 TEST_F(SettingsTest, JunkAndDangerousValuesFallBackOrAreBroughtToSafety) {
-  spit(ini(), "[Setup]\nMaxChans=9999\nInterface=banana\nDMXRate=0\nValuesMode=7\n"
-              "LowClockLoop=\n[Midi]\nChannel=x\nLevel=999\n");
+  spit(ini(),
+       "[Setup]\nMaxChans=9999\nInterface=banana\nDMXRate=0\nValuesMode=7\n"
+       "LowClockLoop=\n[Midi]\nChannel=x\nLevel=999\n");
   console().start();
   EXPECT_EQ(v().MaxChans, 512);
   EXPECT_EQ(v().InterfaceType, 0);

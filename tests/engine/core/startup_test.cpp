@@ -34,7 +34,8 @@ TEST_F(StartupTest, CloseQuestionNoKeepsTheConsoleYesUnloads) {
   dialogs.queueAnswer("No");
   EXPECT_FALSE(console().queryClose());
   EXPECT_FALSE(console().closed());
-  EXPECT_EQ(dialogs.shown.back(), "MSGBOX Confirmation | Are you sure you want to exit this program?");
+  EXPECT_EQ(dialogs.shown.back(),
+            "MSGBOX Confirmation | Are you sure you want to exit this program?");
   form1().menu("mnuExit").click();  // no answer queued: the first button, Yes
   EXPECT_TRUE(console().closed());
   EXPECT_FALSE(console().splashShown());
