@@ -1,5 +1,7 @@
 #include "gui/timer_driver.h"
 
+#include <QAbstractEventDispatcher>
+#include <QThread>
 #include <algorithm>
 #include <climits>
 
@@ -12,12 +14,19 @@ TimerDriver::TimerDriver(Scheduler& scheduler) : scheduler_(scheduler) {
   timer_.setTimerType(Qt::PreciseTimer);
   connect(&timer_, &QTimer::timeout, this, &TimerDriver::runDue);
   scheduler_.onChanged = [this] { rearm(); };
+  // Before the loop sleeps, and when a loop that never sleeps (a test's wait)
+  // goes round again.
+  if (auto* loop = QAbstractEventDispatcher::instance(thread())) {
+    connect(loop, &QAbstractEventDispatcher::aboutToBlock, this, &TimerDriver::rearm);
+    connect(loop, &QAbstractEventDispatcher::awake, this, &TimerDriver::rearm);
+  }
   rearm();
 }
 
 TimerDriver::~TimerDriver() { scheduler_.onChanged = nullptr; }
 
 void TimerDriver::runDue() {
+  armedFor_ = -1;
   // Armed before the ticks run: a handler that opens a modal box runs the
   // event loop inside it, and the other timers (the output above all) must
   // go on ticking there.
@@ -28,6 +37,8 @@ void TimerDriver::runDue() {
 
 void TimerDriver::rearm() {
   const int64_t due = scheduler_.nextDue();
+  if (due == armedFor_ && (due < 0 || timer_.isActive())) return;
+  armedFor_ = due;
   if (due < 0) {
     timer_.stop();
     return;

@@ -1,8 +1,9 @@
 #pragma once
 // Delivers the console's timer ticks from the Qt event loop: one precise
 // single-shot timer is armed for the earliest tick due, and re-armed after
-// each delivery or whenever the console starts, stops or re-times a timer.
-// Between ticks the desk sleeps: nothing polls.
+// each delivery, whenever the console starts, stops or re-times a timer, and
+// before the event loop sleeps (an event may have woken a resting output
+// tick). Between ticks the desk sleeps: nothing polls.
 
 #include <QObject>
 #include <QTimer>
@@ -27,6 +28,7 @@ class TimerDriver : public QObject {
 
   Scheduler& scheduler_;
   QTimer timer_;
+  int64_t armedFor_ = -1;  // the due time the timer is armed for, -1 when stopped
 };
 
 }  // namespace q::gui

@@ -2,12 +2,17 @@
 # Measures the desk on an X server of its own (Xvfb), with its frames going to
 # a private olad on loopback, as tools/desk_bench/desk_bench.cpp describes.
 #
-#   tools/desk_bench/run.sh BUILD_DIR [IDLE_SECONDS]
+#   tools/desk_bench/run.sh BUILD_DIR [IDLE_SECONDS] [continuous]
+#
+# With "continuous" the desk sends every output tick even while nothing
+# changes (ContinuousOutput=1), as some network receivers want.
 #
 # Needs the packages xvfb, xauth, ola and util-linux (setpriv: olad won't run as root).
 set -eu
 build=$(cd "$1" && pwd)
 idle=${2:-60}
+continuous=0
+[ "${3:-}" = continuous ] && continuous=1
 root=$(cd "$(dirname "$0")/../.." && pwd)
 quintara=$build/src/quintara
 bench=$build/tools/desk_bench/desk_bench
@@ -28,7 +33,8 @@ listen=$((40000 + RANDOM % 10000))
 
 home="$work/home"
 mkdir -p "$home"
-printf '[Setup]\r\nInterface=10\r\nOlaUniverse=1\r\nOlaPort=%s\r\nDMXRate=25\r\n' "$ola_port" \
+printf '[Setup]\r\nInterface=10\r\nOlaUniverse=1\r\nOlaPort=%s\r\nDMXRate=25\r\nContinuousOutput=%s\r\n' \
+  "$ola_port" "$continuous" \
   >"$home/Quintara.INI"
 cd "$root/examples"
 xvfb-run -a -s "-screen 0 1920x1080x24" \

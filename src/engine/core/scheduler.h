@@ -27,7 +27,9 @@ class Scheduler {
   void runDue();
   // Virtual clock only: moves time to now+ms, firing each due tick at its instant.
   void advance(VirtualClock& clock, int64_t ms);
-  // Earliest due time of a running timer, or -1 when none runs.
+  // Earliest due time of a running timer, or -1 when none runs. A timer
+  // that may rest (see Timer::restWhile) can come due earlier after any
+  // event handler, so the host asks again before it sleeps.
   int64_t nextDue() const;
 
   // Called by the host to learn that the timer set changed (re-arm a wakeup).
@@ -42,6 +44,8 @@ class Scheduler {
   void changed() {
     if (onChanged) onChanged();
   }
+  // When a timer's next tick falls due, counting a resting timer's rest.
+  static int64_t dueOf(const Timer* t);
   Timer* earliestDue(int64_t limit) const;
   void fire(Timer* t);
 

@@ -51,9 +51,11 @@ InterfaceLayer::InterfaceLayer(Console& c) : c_(c) {
   c_.names.add("OlaUniverse", [this] { return std::to_string(OlaUniverse); });
   c_.names.add("OlaPort", [this] { return std::to_string(OlaPort); });
   c_.names.add("WidgetPort", [this] { return WidgetPort; });
+  c_.names.add("ContinuousOutput", [this] { return ContinuousOutput ? "1" : "0"; });
+  c_.form1.DMXTimer.restWhile = [this] { return outputMayRest(); };
 }
 
-InterfaceLayer::~InterfaceLayer() = default;
+InterfaceLayer::~InterfaceLayer() { c_.form1.DMXTimer.restWhile = nullptr; }
 
 DeviceFactory& InterfaceLayer::factory() {
   return c_.host().devices ? *c_.host().devices : fallbackFactory_;
@@ -115,6 +117,25 @@ void InterfaceLayer::sendFrame() {
     default:
       // 8 has sent its channels from inside the mix; 0, 3 and 4 have no output.
       break;
+  }
+}
+
+bool InterfaceLayer::outputMayRest() const {
+  if (ContinuousOutput || c_.v.MixDirty) return false;
+  switch (c_.v.InterfaceType) {
+    case kNone:
+    case kManolator:
+    case kTovan:
+    case kVelleman:
+    case kOla:
+      return true;
+    case kOpenDmx:
+    case kHumanData:
+    case kNextec:
+      return ftdi_ && ftdi_->wire();
+    default:
+      // The DMX USB PRO, the Sunlite and the OksiD are handed every frame.
+      return false;
   }
 }
 
@@ -237,18 +258,21 @@ void InterfaceLayer::readSettings(const IniFile& ini, bool useDefaults) {
   OlaUniverse = 1;
   OlaPort = 9010;
   WidgetPort.clear();
+  ContinuousOutput = false;
   if (useDefaults) return;
   const double universe = leadingNumber(ini.read("Setup", "OlaUniverse", "1"));
   if (universe >= 0 && universe <= 2147483647.0) OlaUniverse = unsigned(universe);
   const double port = leadingNumber(ini.read("Setup", "OlaPort", "9010"));
   if (port >= 1 && port <= 65535) OlaPort = int(port);
   WidgetPort = ini.read("Setup", "WidgetPort", "");
+  ContinuousOutput = leadingNumber(ini.read("Setup", "ContinuousOutput", "0")) != 0;
 }
 
 void InterfaceLayer::writeSettings(IniFile& ini) const {
   ini.write("Setup", "OlaUniverse", std::to_string(OlaUniverse));
   ini.write("Setup", "OlaPort", std::to_string(OlaPort));
   ini.write("Setup", "WidgetPort", WidgetPort);
+  ini.write("Setup", "ContinuousOutput", ContinuousOutput ? "1" : "0");
 }
 
 Refreshrate& InterfaceLayer::setupWindow() {

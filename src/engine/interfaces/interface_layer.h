@@ -35,6 +35,13 @@ class InterfaceLayer {
   // Frame dispatch, on every DMXTimer tick after the mix: the frame goes out
   // whether or not it changed.
   void sendFrame();
+  // Whether the output tick may rest while nothing changes: true when the
+  // adapter holds the last frame by itself (olad keeps its universe, a wire
+  // thread refreshes the line) or has nothing to send per tick. Resting, the
+  // tick comes once a second, which keeps the link to olad alive and checked.
+  // ContinuousOutput=1 in the settings keeps every tick.
+  bool outputMayRest() const;
+  bool ContinuousOutput = false;
 
   // The halves of a change of interface, as the setup window makes it. The
   // setup window leaves the Velleman running when it switches away from it.

@@ -1,9 +1,11 @@
 #pragma once
-// Output through the OLA daemon (interface 10): the frame of every output
+// Output through the OLA daemon (interface 10): the frame of each output
 // tick goes to one OLA universe, and from there to any device or network
-// olad drives. When olad is not running the console says so once and goes
-// on; it tries again by itself, at most once a second, and says nothing more
-// until the link has been up and is lost again.
+// olad drives. olad holds the universe, so the output tick may rest while
+// nothing changes (InterfaceLayer::outputMayRest): then a frame goes once a
+// second, which also finds out soon when olad has gone. When olad is not running the console says
+// so once and goes on; it tries again by itself, at most once a second, and says nothing more until
+// the link has been up and is lost again.
 
 #include <cstdint>
 #include <functional>

@@ -95,21 +95,44 @@ TEST_F(DispatchTest, TheVellemanTakesEachChannelFromInsideTheMix) {
   EXPECT_EQ(lib.calls.back(), "StopDevice");
 }
 
-TEST_F(DispatchTest, OlaSendsEveryTickToTheUniverseOfTheSettings) {
-  startWith("Interface=10\r\nOlaUniverse=7\r\nOlaPort=9999\r\n");
+// olad keeps its universe, so while nothing changes the output tick rests
+// and the frame goes once a second; a change comes through at the next tick.
+TEST_F(DispatchTest, OlaGetsEachChangeAtOnceAndTheFrameOnceASecondMeanwhile) {
+  startWith("Interface=10\r\nOlaUniverse=7\r\nOlaPort=9999\r\nDMXRate=100\r\n");
   FakeOla& ola = *factory.olaLink;
   EXPECT_EQ(ola.lastPort, 9999);
+  advance(300);
+  ASSERT_EQ(ola.sent.size(), 1u) << "the first frame, then a rest";
   v().DMXData[0] = 12;
   v().DMXData[511] = 34;
-  advance(300);
-  ASSERT_EQ(ola.sent.size(), 3u);
+  advance(800);
+  ASSERT_EQ(ola.sent.size(), 2u) << "a second after the first";
   EXPECT_EQ(ola.sent.back().first, 7u);
   EXPECT_EQ(ola.sent.back().second, std::vector<uint8_t>(v().DMXData.begin(), v().DMXData.end()));
+  v().MixDirty = kTrue;
+  advance(100);
+  EXPECT_EQ(ola.sent.size(), 3u) << "a change goes at the next tick";
+
+  console().interfaces.ContinuousOutput = true;
+  advance(300);
+  EXPECT_EQ(ola.sent.size(), 6u) << "continuous output: every tick";
   console().unload();
   EXPECT_FALSE(console().interfaces.ola().connected()) << "stopped at exit";
   std::ifstream in(path("Quintara.INI"));
   std::string text((std::istreambuf_iterator<char>(in)), {});
   EXPECT_NE(text.find("OlaUniverse=7\r\n"), std::string::npos);
+  EXPECT_NE(text.find("ContinuousOutput=1\r\n"), std::string::npos);
+}
+
+// An adapter handed every frame (here the Sunlite) never rests.
+TEST_F(DispatchTest, AdaptersHandedEveryFrameKeepEveryTick) {
+  startWith("Interface=5\r\nDMXRate=100\r\n");
+  v().MixDirty = kFalse;
+  EXPECT_FALSE(console().interfaces.outputMayRest());
+  v().InterfaceType = 10;
+  EXPECT_TRUE(console().interfaces.outputMayRest());
+  v().MixDirty = kTrue;
+  EXPECT_FALSE(console().interfaces.outputMayRest());
 }
 
 TEST_F(DispatchTest, WithoutOladTheConsoleSaysSoOnceAndRetriesOnceASecond) {
