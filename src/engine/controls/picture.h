@@ -16,6 +16,7 @@ struct DrawItem {
   std::string text;
   int color = 0;  // 0xRRGGBB
   bool filled = true;
+  bool operator==(const DrawItem&) const = default;
 };
 
 class Picture : public Control {
@@ -33,8 +34,15 @@ class Picture : public Control {
   void line(double x1, double y1, double x2, double y2, int color) {
     items_.push_back({DrawItem::Kind::Line, x1, y1, x2 - x1, y2 - y1, {}, color, false});
   }
-  // Tells views the drawing is complete; called once after a redraw.
-  void refresh() { notifyView(); }
+  // Tells views the drawing is complete; called once after a redraw. A
+  // drawing the same as the one last shown costs the desk no repaint (a
+  // running chaser redraws the live display at every step, mostly the same).
+  void refresh() {
+    if (items_ == shown_ && backColor == shownBack_) return;
+    shown_ = items_;
+    shownBack_ = backColor;
+    notifyView();
+  }
 
   int width = 0, height = 0;  // the surface's size in its own units
   int backColor = 0;
@@ -43,6 +51,8 @@ class Picture : public Control {
 
  private:
   std::vector<DrawItem> items_;
+  std::vector<DrawItem> shown_;
+  int shownBack_ = -1;
 };
 
 }  // namespace q
