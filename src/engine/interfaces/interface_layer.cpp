@@ -38,9 +38,10 @@ std::function<void(const std::string&)> widgetTrace() {
 }  // namespace
 
 InterfaceLayer::InterfaceLayer(Console& c) : c_(c) {
-  ola_ = std::make_unique<OlaOutput>(
-      OlaOutput::Hooks{[this] { return c_.scheduler.now(); },
-                       [this](const std::string& text) { c_.dialogs().msgBox("Quintara", text); }});
+  ola_ = std::make_unique<OlaOutput>(OlaOutput::Hooks{
+      [this] { return c_.scheduler.now(); },
+      [this](const std::string& text) { c_.dialogs().msgBox("Quintara", text); },
+      [this] { return factory().wireThread(); }, [this] { factory().prepareWireThread(); }});
   // The Velleman takes each channel from inside the mix, as the mix makes it.
   c_.mixer.perChannelOutput = [this](int channel, uint8_t value) {
     velleman().setData(channel, value);
@@ -85,7 +86,7 @@ void InterfaceLayer::start(int type) {
       velleman().start(v.MaxChans);
       break;
     case kOla:
-      ola_->start(factory().ola(), OlaUniverse, OlaPort);
+      ola_->start(factory().ola(), OlaUniverse, OlaPort, c_.form1.DMXTimer.interval());
       break;
     default:
       break;
@@ -112,7 +113,7 @@ void InterfaceLayer::sendFrame() {
       oksid().tick(int16_t(v.PortBase), v.DMXData.data());
       break;
     case kOla:
-      ola_->sendFrame(v.DMXData.data());
+      ola_->sendFrame(v.DMXData.data(), c_.form1.DMXTimer.interval());
       break;
     default:
       // 8 has sent its channels from inside the mix; 0, 3 and 4 have no output.

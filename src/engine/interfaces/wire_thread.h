@@ -11,6 +11,11 @@
 // stays even. A tick that comes a little late is waited for, a millisecond
 // at most, without moving the frames after it. While the console is too
 // busy to tick, the line runs free.
+//
+// A resting line (for a receiver that holds the last frame, as olad does)
+// sends only the frames the console hands over, still on its steady period,
+// and after a quiet keepAlive the last one again. It aims further after each
+// tick, so a tick made late by a busy console thread still meets its slot.
 
 #include <atomic>
 #include <chrono>
@@ -24,12 +29,26 @@
 
 namespace q {
 
+// How a resting line behaves; a line that is not enabled to rest sends
+// every period.
+struct WireResting {
+  bool enabled = false;
+  std::chrono::microseconds leadAfterTick{3000};
+  std::chrono::microseconds graceForLateTick{2000};
+  std::chrono::milliseconds keepAlive{1000};
+  // The lead leaves room, so the line keeps an exact period and follows the
+  // ticks only when they drift further than this from its aim.
+  std::chrono::microseconds steadyWithin{2000};
+};
+
 class WireThread {
  public:
   // Puts one frame on the wire; returns a failure code, 0 when it went out.
   using Send = std::function<int(const uint8_t* frame)>;
 
-  WireThread(Send send, int intervalMs, std::function<void()> prepare = {});
+  using Resting = WireResting;
+
+  WireThread(Send send, int intervalMs, std::function<void()> prepare = {}, Resting resting = {});
   ~WireThread();
   WireThread(const WireThread&) = delete;
   WireThread& operator=(const WireThread&) = delete;
@@ -53,11 +72,15 @@ class WireThread {
  private:
   using Clock = std::chrono::steady_clock;
   void run(std::function<void()> prepare);
+  // Waits for the frame's slot, false when the line stops meanwhile.
+  bool waitForSlot(std::unique_lock<std::mutex>& lock, Clock::time_point& deadline, uint64_t seen);
   // How far a frame at deadline lies from its aim just after the last tick;
   // nothing while the console is too busy to tick.
   std::optional<int64_t> phaseError(Clock::time_point deadline, Clock::duration interval) const;
 
   Send send_;
+  const Resting rest_;
+  const std::chrono::microseconds lead_, grace_;
   LatestFrameSlot slot_;
   std::atomic<int64_t> intervalNs_;
   std::atomic<int64_t> lastTickNs_{0};  // time of the last hand-over, 0 before the first

@@ -76,6 +76,57 @@ TEST(WireLine, KeepsTheLineGoingWhenNoTickComesAndSendsTheLatestFrame) {
       << "a frame overtaken before the wire is never sent";
 }
 
+// A resting line (olad holds the universe) sends what the ticks hand over at
+// its own pace, nothing while they stop, the last frame again after a quiet
+// keep-alive, and a frame that ends a rest at once.
+TEST(WireLine, ARestingLineSendsWhatIsHandedOverAndOtherwiseOnlyKeepsAlive) {
+  using Clock = std::chrono::steady_clock;
+  std::mutex m;
+  std::vector<std::pair<uint8_t, Clock::time_point>> sent;
+  auto count = [&] {
+    std::lock_guard<std::mutex> lock(m);
+    return sent.size();
+  };
+  WireThread::Resting resting;
+  resting.enabled = true;
+  resting.keepAlive = 400ms;
+  WireThread wire(
+      [&](const uint8_t* f) {
+        std::lock_guard<std::mutex> lock(m);
+        sent.emplace_back(f[0], Clock::now());
+        return 0;
+      },
+      10, {}, resting);
+  std::this_thread::sleep_for(150ms);
+  EXPECT_EQ(count(), 0u) << "nothing handed over, no keep-alive due yet";
+
+  for (int tick = 1; tick <= 20; ++tick) {
+    wire.handOver(frameOf(uint8_t(tick)).data(), 10);
+    std::this_thread::sleep_for(10ms);
+  }
+  const size_t whileTicking = count();
+  EXPECT_GE(whileTicking, 10u);
+  EXPECT_LE(whileTicking, 24u);
+  std::this_thread::sleep_for(200ms);
+  EXPECT_LE(count(), whileTicking + 2) << "the ticks stopped, so does the line";
+
+  const auto keptAlive = [&] { return count() > whileTicking + 2; };
+  for (int i = 0; i < 100 && !keptAlive(); ++i) std::this_thread::sleep_for(10ms);
+  ASSERT_TRUE(keptAlive());
+  {
+    std::lock_guard<std::mutex> lock(m);
+    EXPECT_EQ(sent.back().first, 20) << "the keep-alive repeats the last frame";
+  }
+  const size_t before = count();
+  const auto handed = Clock::now();
+  wire.handOver(frameOf(99).data(), 10);
+  for (int i = 0; i < 100 && count() == before; ++i) std::this_thread::sleep_for(1ms);
+  std::lock_guard<std::mutex> lock(m);
+  ASSERT_GT(sent.size(), before);
+  EXPECT_EQ(sent[before].first, 99);
+  EXPECT_LT(sent[before].second - handed, 50ms) << "a frame after a rest goes at once";
+}
+
 TEST(WireFailures, AWriteFailingOnTheWireThreadIsShownOnce) {
   auto chip = std::make_unique<FakeFtdi>();
   FakeFtdi* fake = chip.get();
