@@ -288,8 +288,6 @@ int main(int argc, char** argv) {
       continue;
     }
     latencies.push_back(msSince(sent, b.seenAt));
-    if (getenv("BENCH_DEBUG") && latencies.back() > 24)
-      std::fprintf(stderr, "slow move %d: %.2f ms\n", i, latencies.back());
     b.runFor(7 + unsigned(i * 13) % 23);  // off the frame clock, so every phase is met
   }
   close(fd);
