@@ -86,6 +86,7 @@ void InterfaceLayer::start(int type) {
       velleman().start(v.MaxChans);
       break;
     case kOla:
+      ola_->continuous = ContinuousOutput;
       ola_->start(factory().ola(), OlaUniverse, OlaPort, c_.form1.DMXTimer.interval());
       break;
     default:
@@ -122,14 +123,16 @@ void InterfaceLayer::sendFrame() {
 }
 
 bool InterfaceLayer::outputMayRest() const {
-  if (ContinuousOutput || c_.v.MixDirty) return false;
+  if (c_.v.MixDirty) return false;
   switch (c_.v.InterfaceType) {
     case kNone:
     case kManolator:
     case kTovan:
     case kVelleman:
-    case kOla:
       return true;
+    case kOla:
+      // A continuous stream comes from the OLA line itself when it has one.
+      return !ContinuousOutput || ola_->wire();
     case kOpenDmx:
     case kHumanData:
     case kNextec:

@@ -39,7 +39,8 @@ class InterfaceLayer {
   // adapter holds the last frame by itself (olad keeps its universe, a wire
   // thread refreshes the line) or has nothing to send per tick. Resting, the
   // tick comes once a second, which keeps the link to olad alive and checked.
-  // ContinuousOutput=1 in the settings keeps every tick.
+  // ContinuousOutput=1 in the settings sends olad every frame all the same:
+  // from the OLA line when there is one, else from every tick.
   bool outputMayRest() const;
   bool ContinuousOutput = false;
 

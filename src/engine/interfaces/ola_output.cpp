@@ -26,11 +26,9 @@ void OlaOutput::start(std::unique_ptr<OlaSender> sender, unsigned universe, int 
   const int64_t now = onWire_ ? steadyMs() : hooks_.nowMs ? hooks_.nowMs() : 0;
   report(tryConnect(now));
   if (!onWire_ || !sender_) return;
-  WireThread::Resting resting;
-  resting.enabled = true;
   wire_ = std::make_unique<WireThread>(
       [this](const uint8_t* frame) { return deliver(frame, steadyMs()) ? 0 : 1; }, intervalMs,
-      hooks_.prepareWireThread, resting);
+      hooks_.prepareWireThread, WireStyle::heldFrames(!continuous));
 }
 
 bool OlaOutput::tryConnect(int64_t nowMs) {

@@ -39,6 +39,8 @@ class OlaOutput {
   void sendFrame(const uint8_t* frame, int intervalMs);
   void stop();
   bool connected() const { return connected_.load(std::memory_order_relaxed); }
+  // A continuous line sends every period, new frame or not; set before start.
+  bool continuous = false;
   const WireThread* wire() const { return wire_.get(); }
 
   static constexpr int kRetryMs = 1000;

@@ -12,12 +12,8 @@ int64_t nanos(std::chrono::steady_clock::time_point t) {
 int64_t msToNs(int ms) { return int64_t(std::max(1, ms)) * 1'000'000; }
 }  // namespace
 
-WireThread::WireThread(Send send, int intervalMs, std::function<void()> prepare, Resting resting)
-    : send_(std::move(send)),
-      rest_(resting),
-      lead_(resting.enabled ? resting.leadAfterTick : kLeadAfterTick),
-      grace_(resting.enabled ? resting.graceForLateTick : kGraceForLateTick),
-      intervalNs_(msToNs(intervalMs)) {
+WireThread::WireThread(Send send, int intervalMs, std::function<void()> prepare, WireStyle style)
+    : send_(std::move(send)), style_(style), intervalNs_(msToNs(intervalMs)) {
   thread_ = std::thread([this, p = std::move(prepare)] { run(p); });
 }
 
@@ -49,7 +45,7 @@ std::optional<int64_t> WireThread::phaseError(Clock::time_point deadline,
   // No tick for two periods: the console is busy; the line keeps its own pace.
   if (tick == 0 || sinceTick > 2 * iv || sinceTick < -iv) return std::nullopt;
   // How far the frame lies from its aim, folded into half a period either way.
-  int64_t error = sinceTick - std::chrono::nanoseconds(lead_).count();
+  int64_t error = sinceTick - std::chrono::nanoseconds(style_.leadAfterTick).count();
   error %= iv;
   if (error > iv / 2) error -= iv;
   if (error <= -iv / 2) error += iv;
@@ -59,11 +55,10 @@ std::optional<int64_t> WireThread::phaseError(Clock::time_point deadline,
 bool WireThread::waitForSlot(std::unique_lock<std::mutex>& lock, Clock::time_point& deadline,
                              uint64_t seen) {
   while (!stop_) {
-    // On a resting line a tick far off the line's pace (the console has just
-    // woken from a rest) is met a lead after it, not at the line's next slot.
-    if (rest_.enabled && handOvers_.load(std::memory_order_acquire) != seen) {
+    if (style_.meetsStrayTicks && handOvers_.load(std::memory_order_acquire) != seen) {
       const Clock::time_point tick{std::chrono::nanoseconds(lastTickNs_.load())};
-      if (deadline > tick + lead_ + grace_) deadline = tick + lead_;
+      if (deadline > tick + style_.leadAfterTick + style_.graceForLateTick)
+        deadline = tick + style_.leadAfterTick;
     }
     if (Clock::now() >= deadline) return true;
     wake_.wait_until(lock, deadline);
@@ -84,17 +79,17 @@ void WireThread::run(std::function<void()> prepare) {
   std::unique_lock<std::mutex> lock(mutex_);
   while (!stop_) {
     if (resting) {
-      if (wake_.wait_until(lock, lastSent + rest_.keepAlive, handedOver) && stop_) break;
+      if (wake_.wait_until(lock, lastSent + style_.keepAlive, handedOver) && stop_) break;
       // The first frame after a rest goes at once: there is no pace to keep.
       deadline = Clock::now();
     } else {
       if (!waitForSlot(lock, deadline, seen)) break;
       // This period's tick not here yet, but one is expected: it is only a
       // little late, and the frame waits for it.
-      if ((locked || rest_.enabled) && !handedOver()) {
-        if (wake_.wait_until(lock, deadline + grace_, handedOver) && stop_) break;
+      if ((locked || style_.rests) && !handedOver()) {
+        if (wake_.wait_until(lock, deadline + style_.graceForLateTick, handedOver) && stop_) break;
       }
-      if (rest_.enabled && !handedOver()) {
+      if (style_.rests && !handedOver()) {
         resting = true;
         locked = false;
         continue;
@@ -115,8 +110,7 @@ void WireThread::run(std::function<void()> prepare) {
     const std::optional<int64_t> error = phaseError(deadline, interval);
     const int64_t slew = nanoseconds(kMaxSlew).count();
     locked = error && std::abs(*error) <= nanoseconds(kLockedWithin).count();
-    const bool steady =
-        rest_.enabled && error && std::abs(*error) <= nanoseconds(rest_.steadyWithin).count();
+    const bool steady = error && std::abs(*error) <= nanoseconds(style_.steadyWithin).count();
     deadline += interval + nanoseconds(error && !steady ? std::clamp(-*error / 2, -slew, slew) : 0);
     // A frame that took longer than a period: the next one follows at once.
     const Clock::time_point now = Clock::now();

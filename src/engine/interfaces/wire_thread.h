@@ -12,10 +12,9 @@
 // at most, without moving the frames after it. While the console is too
 // busy to tick, the line runs free.
 //
-// A resting line (for a receiver that holds the last frame, as olad does)
-// sends only the frames the console hands over, still on its steady period,
-// and after a quiet keepAlive the last one again. It aims further after each
-// tick, so a tick made late by a busy console thread still meets its slot.
+// A line for a receiver that holds the last frame (olad) may rest: it sends
+// only the frames the console hands over, still on its steady period, and
+// after a quiet keepAlive the last one again (see WireStyle).
 
 #include <atomic>
 #include <chrono>
@@ -29,16 +28,34 @@
 
 namespace q {
 
-// How a resting line behaves; a line that is not enabled to rest sends
-// every period.
-struct WireResting {
-  bool enabled = false;
-  std::chrono::microseconds leadAfterTick{3000};
-  std::chrono::microseconds graceForLateTick{2000};
+// How a line follows the console's ticks. The defaults suit an adapter the
+// host must time (the FTDI senders): a frame every period, the phase pulled
+// gently towards the ticks.
+struct WireStyle {
+  // Sends only the frames handed over, and the last one again after a quiet
+  // keepAlive.
+  bool rests = false;
+  // Meets a tick far off the line's pace (the console woke from a rest) a
+  // lead after it, instead of at the line's next slot.
+  bool meetsStrayTicks = false;
+  std::chrono::microseconds leadAfterTick{1000};
+  std::chrono::microseconds graceForLateTick{750};
   std::chrono::milliseconds keepAlive{1000};
-  // The lead leaves room, so the line keeps an exact period and follows the
-  // ticks only when they drift further than this from its aim.
-  std::chrono::microseconds steadyWithin{2000};
+  // Within this of its aim the line keeps an exact period; 0: it always follows.
+  std::chrono::microseconds steadyWithin{0};
+
+  // For a receiver that holds the last frame (olad): the lead leaves room
+  // for a tick made late by a busy console thread, so the line need not
+  // follow every late tick and keeps an exact period.
+  static WireStyle heldFrames(bool rests) {
+    WireStyle s;
+    s.rests = rests;
+    s.meetsStrayTicks = true;
+    s.leadAfterTick = std::chrono::microseconds(3000);
+    s.graceForLateTick = std::chrono::microseconds(2000);
+    s.steadyWithin = std::chrono::microseconds(2000);
+    return s;
+  }
 };
 
 class WireThread {
@@ -46,9 +63,7 @@ class WireThread {
   // Puts one frame on the wire; returns a failure code, 0 when it went out.
   using Send = std::function<int(const uint8_t* frame)>;
 
-  using Resting = WireResting;
-
-  WireThread(Send send, int intervalMs, std::function<void()> prepare = {}, Resting resting = {});
+  WireThread(Send send, int intervalMs, std::function<void()> prepare = {}, WireStyle style = {});
   ~WireThread();
   WireThread(const WireThread&) = delete;
   WireThread& operator=(const WireThread&) = delete;
@@ -60,14 +75,11 @@ class WireThread {
   // Frames sent so far.
   long framesSent() const { return frames_.load(std::memory_order_relaxed); }
 
-  // How far after a tick the line aims to start its frame, and how much its
-  // phase may move per frame.
-  static constexpr std::chrono::microseconds kLeadAfterTick{1000};
+  // How much the line's phase may move per frame.
   static constexpr std::chrono::microseconds kMaxSlew{500};
   // Within this of its aim the line counts as locked to the ticks, and a
   // frame may wait this much longer for a tick that is late.
   static constexpr std::chrono::microseconds kLockedWithin{1500};
-  static constexpr std::chrono::microseconds kGraceForLateTick{750};
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -79,8 +91,7 @@ class WireThread {
   std::optional<int64_t> phaseError(Clock::time_point deadline, Clock::duration interval) const;
 
   Send send_;
-  const Resting rest_;
-  const std::chrono::microseconds lead_, grace_;
+  const WireStyle style_;
   LatestFrameSlot slot_;
   std::atomic<int64_t> intervalNs_;
   std::atomic<int64_t> lastTickNs_{0};  // time of the last hand-over, 0 before the first

@@ -12,6 +12,7 @@
 
 #include "engine/interfaces/ftdi_frame_sender.h"
 #include "engine/interfaces/latest_frame.h"
+#include "engine/interfaces/ola_output.h"
 #include "engine/interfaces/wire_thread.h"
 #include "fake_devices.h"
 
@@ -87,8 +88,7 @@ TEST(WireLine, ARestingLineSendsWhatIsHandedOverAndOtherwiseOnlyKeepsAlive) {
     std::lock_guard<std::mutex> lock(m);
     return sent.size();
   };
-  WireThread::Resting resting;
-  resting.enabled = true;
+  WireStyle resting = WireStyle::heldFrames(true);
   resting.keepAlive = 400ms;
   WireThread wire(
       [&](const uint8_t* f) {
@@ -149,6 +149,59 @@ TEST(WireFailures, AWriteFailingOnTheWireThreadIsShownOnce) {
   EXPECT_GT(sent, 5);
   EXPECT_EQ(messages, std::vector<std::string>{"Write DMX Failed!"});
   EXPECT_EQ(sender.wire(), nullptr);
+}
+
+// olad as the line sees it: it may go away and come back while frames flow.
+class LineOla : public OlaSender {
+ public:
+  std::atomic<bool> up{true};
+  std::atomic<int> frames{0};
+  bool connect(int) override { return linked_ = up.load(); }
+  bool send(unsigned, const uint8_t*, int) override {
+    if (!linked_ || !up) return false;
+    ++frames;
+    return true;
+  }
+  void disconnect() override { linked_ = false; }
+
+ private:
+  std::atomic<bool> linked_{false};
+};
+
+TEST(WireFailures, OlaOnItsLineSaysOnceWhenOladGoesAndCarriesOnWhenItIsBack) {
+  auto link = std::make_unique<LineOla>();
+  LineOla& olad = *link;
+  std::vector<std::string> messages;
+  OlaOutput ola({[] { return int64_t(0); },
+                 [&](const std::string& text) { messages.push_back(text); },
+                 [] { return true; },
+                 {}});
+  ola.start(std::move(link), 1, 9010, 5);
+  ASSERT_NE(ola.wire(), nullptr);
+  uint8_t level = 0;
+  auto tickFor = [&](std::chrono::milliseconds span) {
+    for (auto end = std::chrono::steady_clock::now() + span;
+         std::chrono::steady_clock::now() < end;) {
+      ola.sendFrame(frameOf(++level).data(), 5);
+      std::this_thread::sleep_for(5ms);
+    }
+  };
+  tickFor(100ms);
+  EXPECT_GT(olad.frames.load(), 5);
+  EXPECT_TRUE(messages.empty());
+
+  olad.up = false;
+  tickFor(300ms);
+  EXPECT_EQ(messages, std::vector<std::string>{OlaOutput::kNotRunning}) << "said once";
+  olad.up = true;
+  const int before = olad.frames.load();
+  tickFor(1300ms);  // the line tries again a second after it lost olad
+  EXPECT_GT(olad.frames.load(), before);
+  olad.up = false;
+  tickFor(100ms);
+  EXPECT_EQ(messages.size(), 2u) << "lost again after being back: said again";
+  ola.stop();
+  EXPECT_EQ(ola.wire(), nullptr);
 }
 
 }  // namespace
