@@ -42,14 +42,23 @@ void LiveDisplayView::paintEvent(QPaintEvent*) {
   // Channel numbers (the upper line) bold, levels plain: three digits fit a slot with room between.
   const QFont number = ctx_.font(11, true, true);
   const QFont level = ctx_.font(11, false, true);
+  if (number != textsFont_[0] || level != textsFont_[1]) {
+    texts_.clear();
+    textsFont_[0] = number;
+    textsFont_[1] = level;
+  }
   for (const DrawItem& it : model_.items()) {
     switch (it.kind) {
-      case DrawItem::Kind::Text:
-        p.setFont(it.y < kTextHeight ? number : level);
+      case DrawItem::Kind::Text: {
+        const bool isNumber = it.y < kTextHeight;
+        const QStaticText& text = laidOut(it.text, isNumber ? number : level);
+        // Left-aligned and centred in its slot's height.
+        const double top = it.y * sy + (kTextHeight * sy - text.size().height()) / 2;
+        p.setFont(isNumber ? number : level);
         p.setPen(itemColour(it));
-        p.drawText(QRectF(it.x * sx, it.y * sy, 25 * sx, kTextHeight * sy),
-                   Qt::AlignLeft | Qt::AlignVCenter, QString::fromStdString(it.text));
+        p.drawStaticText(QPointF(it.x * sx, top), text);
         break;
+      }
       case DrawItem::Kind::Box: {
         const double y0 = barY(it.y), y1 = barY(it.y + it.h);
         p.fillRect(
@@ -63,6 +72,17 @@ void LiveDisplayView::paintEvent(QPaintEvent*) {
         break;
     }
   }
+}
+
+const QStaticText& LiveDisplayView::laidOut(const std::string& text, const QFont& font) {
+  const QString key = QString::fromStdString(text) + (font.bold() ? u'\x1' : u'\x0');
+  auto found = texts_.find(key);
+  if (found != texts_.end()) return *found;
+  QStaticText laid(QString::fromStdString(text));
+  laid.setTextFormat(Qt::PlainText);
+  laid.setPerformanceHint(QStaticText::AggressiveCaching);
+  laid.prepare(QTransform(), font);
+  return *texts_.insert(key, laid);
 }
 
 void LiveDisplayView::mousePressEvent(QMouseEvent* e) {

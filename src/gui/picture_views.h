@@ -7,6 +7,9 @@
 // - The times graph (picTimes): two bars on a time axis as wide as the
 //   graph's scale, 15 units high, and PosLine running along it.
 
+#include <QFont>
+#include <QHash>
+#include <QStaticText>
 #include <QWidget>
 
 #include "engine/look/desk_layout.h"
@@ -33,11 +36,17 @@ class LiveDisplayView : public QWidget {
   void mouseReleaseEvent(QMouseEvent* e) override;
 
  private:
+  // The display shows the same few hundred numbers over and over: each is
+  // laid out once per font and then only blitted.
+  const QStaticText& laidOut(const std::string& text, const QFont& font);
+
   DeskContext& ctx_;
   Picture& model_;
   const look::DeskItem& item_;
   ViewBinding binding_;
   int refreshes_ = 0;
+  QHash<QString, QStaticText> texts_;
+  QFont textsFont_[2];  // the fonts texts_ was laid out in: numbers, levels
 };
 
 class TimesGraphView : public QWidget {
