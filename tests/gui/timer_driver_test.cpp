@@ -10,11 +10,16 @@
 namespace q {
 namespace {
 
-TEST(TimerDriver, TicksArriveOnTimeFromTheEventLoop) {
-  test::ensureApplication();
+// The desk's clock, scheduler and timer driver, on the test's event loop.
+class TimerDriverTest : public ::testing::Test {
+ protected:
+  TimerDriverTest() { test::ensureApplication(); }
   SteadyClock clock;
-  Scheduler scheduler(clock);
-  gui::TimerDriver driver(scheduler);
+  Scheduler scheduler{clock};
+  gui::TimerDriver driver{scheduler};
+};
+
+TEST_F(TimerDriverTest, TicksArriveOnTimeFromTheEventLoop) {
   Timer output("DMXTimer", scheduler, 20);
   int ticks = 0;
   output.onTick = [&] { ++ticks; };
@@ -30,11 +35,7 @@ TEST(TimerDriver, TicksArriveOnTimeFromTheEventLoop) {
 
 // A resting output tick wakes as soon as any event handler gives it
 // something to do, not at the end of its rest.
-TEST(TimerDriver, AnEventEndsTheRestOfARestingTimerAtOnce) {
-  test::ensureApplication();
-  SteadyClock clock;
-  Scheduler scheduler(clock);
-  gui::TimerDriver driver(scheduler);
+TEST_F(TimerDriverTest, AnEventEndsTheRestOfARestingTimerAtOnce) {
   Timer output("DMXTimer", scheduler, 20);
   bool dirty = false;
   int ticks = 0;
@@ -54,11 +55,7 @@ TEST(TimerDriver, AnEventEndsTheRestOfARestingTimerAtOnce) {
 
 // A handler that opens a modal box runs the event loop inside its tick: the
 // output goes on meanwhile, and the waiting timer is not entered a second time.
-TEST(TimerDriver, OtherTimersTickWhileAHandlerWaitsInTheEventLoop) {
-  test::ensureApplication();
-  SteadyClock clock;
-  Scheduler scheduler(clock);
-  gui::TimerDriver driver(scheduler);
+TEST_F(TimerDriverTest, OtherTimersTickWhileAHandlerWaitsInTheEventLoop) {
   Timer output("DMXTimer", scheduler, 10);
   Timer fade("MemTimer", scheduler, 30);
   int outputTicks = 0, fadeTicks = 0, depth = 0, deepest = 0, outputWhileWaiting = 0;
