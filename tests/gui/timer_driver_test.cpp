@@ -13,7 +13,8 @@ namespace {
 // The desk's clock, scheduler and timer driver, on the test's event loop.
 class TimerDriverTest : public ::testing::Test {
  protected:
-  TimerDriverTest() { test::ensureApplication(); }
+  // The driver listens to the application's event loop, so that comes first.
+  bool app_ = (test::ensureApplication(), true);
   SteadyClock clock;
   Scheduler scheduler{clock};
   gui::TimerDriver driver{scheduler};
