@@ -4,6 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -78,6 +84,35 @@ TEST(OlaClientSender, FindsNoOladOnAPortWhereNoneListens) {
   EXPECT_FALSE(ola.connect(1));  // a privileged port no olad uses
   EXPECT_FALSE(ola.send(1, std::vector<uint8_t>(512, 0).data(), 512));
   EXPECT_LT(Clock::now() - t0, std::chrono::seconds(2)) << "a missing olad must not stall the tick";
+}
+
+// An olad that stops reading (hung, stopped in a debugger): its socket fills,
+// and then a frame fails after a short wait instead of blocking the line.
+TEST(OlaClientSender, AnOladThatStopsReadingFailsAFrameInsteadOfHoldingTheLine) {
+  const int listener = socket(AF_INET, SOCK_STREAM, 0);
+  sockaddr_in at{};
+  at.sin_family = AF_INET;
+  at.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t size = sizeof at;
+  ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&at), size), 0);
+  ASSERT_EQ(listen(listener, 1), 0);  // connections are never accepted, nothing is read
+  ASSERT_EQ(getsockname(listener, reinterpret_cast<sockaddr*>(&at), &size), 0);
+
+  OlaClientSender ola;
+  ASSERT_TRUE(ola.connect(ntohs(at.sin_port)));
+  const std::vector<uint8_t> frame(512, 7);
+  Clock::duration slowest{};
+  bool failed = false;
+  for (int n = 0; n < 200000 && !failed; ++n) {
+    const auto t0 = Clock::now();
+    failed = !ola.send(1, frame.data(), 512);
+    slowest = std::max(slowest, Clock::now() - t0);
+  }
+  EXPECT_TRUE(failed) << "the full socket shows as a lost link";
+  EXPECT_LT(slowest, std::chrono::seconds(2));
+  EXPECT_FALSE(ola.send(1, frame.data(), 512)) << "and stays lost until connected again";
+  ola.disconnect();
+  close(listener);
 }
 
 TEST(RealDevices, GiveEveryLinkTheConsoleAsksFor) {

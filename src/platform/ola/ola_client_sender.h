@@ -1,14 +1,21 @@
 #pragma once
-// The OLA daemon through libola's streaming client: one frame at a time to a
-// universe. It never starts olad by itself; a console that finds no olad says
-// so and tries again later.
+// The OLA daemon through libola's client on a socket of our own: one frame
+// at a time streamed to a universe. It never starts olad by itself; a
+// console that finds no olad says so and tries again later.
+//
+// Owning the socket lets a send give up: an olad that has stopped reading
+// (hung, or stopped in a debugger) fails a frame after a short wait instead
+// of holding the line, or the console's exit, for ever.
 
 #include <memory>
 
 #include "engine/interfaces/devices.h"
 
 namespace ola::client {
-class StreamingClient;
+class OlaClient;
+}
+namespace ola::network {
+class TCPSocket;
 }
 
 namespace q {
@@ -21,8 +28,13 @@ class OlaClientSender : public OlaSender {
   bool send(unsigned universe, const uint8_t* frame, int size) override;
   void disconnect() override;
 
+  // How long one frame may wait for olad to take it.
+  static constexpr int kSendTimeoutMs = 200;
+
  private:
-  std::unique_ptr<ola::client::StreamingClient> client_;
+  std::unique_ptr<ola::network::TCPSocket> socket_;
+  std::unique_ptr<ola::client::OlaClient> client_;
+  bool closed_ = false;
 };
 
 }  // namespace q
