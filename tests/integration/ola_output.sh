@@ -12,16 +12,10 @@ readback=$2
 
 command -v olad >/dev/null || { echo "SKIP: olad is not installed (package ola)"; exit 77; }
 
-work=$(mktemp -d /tmp/quintara-ola.XXXXXX)
-olad_pid=
-cleanup() {
-  [ -n "$olad_pid" ] && kill "$olad_pid" 2>/dev/null && wait "$olad_pid" 2>/dev/null
-  rm -rf "$work"
-}
-trap cleanup EXIT
+. "$(dirname "$0")/../../tools/ola_readback/private_olad.sh"
+make_olad_workdir quintara-ola
 fail() { echo "FAIL: $*"; [ -f "$work/olad.log" ] && tail -20 "$work/olad.log"; exit 1; }
 
-. "$(dirname "$0")/../../tools/ola_readback/private_olad.sh"
 start_private_olad "$work" "$readback"
 case $? in 0) ;; 77) echo "SKIP: cannot run olad here"; exit 77 ;; *) fail "private olad" ;; esac
 port=$ola_port

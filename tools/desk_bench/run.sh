@@ -19,15 +19,8 @@ bench=$build/tools/desk_bench/desk_bench
 readback=$build/tools/ola_readback
 for f in "$quintara" "$bench" "$readback"; do [ -x "$f" ] || { echo "missing $f: build it first"; exit 1; }; done
 
-work=$(mktemp -d /tmp/quintara-bench.XXXXXX)
-olad_pid=
-cleanup() {
-  [ -n "$olad_pid" ] && kill "$olad_pid" 2>/dev/null && wait "$olad_pid" 2>/dev/null
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
 . "$root/tools/ola_readback/private_olad.sh"
+make_olad_workdir quintara-bench
 start_private_olad "$work" "$readback" || { echo "could not start a private olad"; exit 1; }
 listen=$((40000 + RANDOM % 10000))
 

@@ -3,6 +3,19 @@
 #   start_private_olad WORK READBACK   sets olad_pid and ola_port; 77 = cannot run here
 # olad refuses to run as root, so as root it runs as nobody, in a folder nobody can write.
 
+# Makes $work, a scratch folder that goes, with any private olad started in
+# it, when the script ends.
+make_olad_workdir() {
+  work=$(mktemp -d "/tmp/$1.XXXXXX")
+  olad_pid=
+  trap stop_private_olad EXIT
+}
+
+stop_private_olad() {
+  [ -n "$olad_pid" ] && kill "$olad_pid" 2>/dev/null && wait "$olad_pid" 2>/dev/null
+  rm -rf "$work"
+}
+
 start_private_olad() {
   local work=$1 readback=$2 conf="$1/olad" plugin try candidate
   mkdir -p "$conf"
