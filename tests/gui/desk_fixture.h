@@ -8,9 +8,9 @@
 #include <QUrl>
 #include <memory>
 
-#include "gui/desk_context.h"
-#include "gui/desk_surface.h"
-#include "gui/form1.h"
+#include "gui/desk/desk_context.h"
+#include "gui/desk/desk_surface.h"
+#include "gui/desk/form1.h"
 #include "support/console_fixture.h"
 
 namespace q::test {

@@ -5,9 +5,9 @@
 
 #include "desk_fixture.h"
 #include "engine/look/bitmap.h"
-#include "gui/desk_menus.h"
-#include "gui/fader_widget.h"
-#include "gui/text_box_view.h"
+#include "gui/desk/desk_menus.h"
+#include "gui/desk/fader_widget.h"
+#include "gui/desk/text_box_view.h"
 
 namespace q {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 
-#include "gui/key_codes.h"
+#include "gui/desk/key_codes.h"
 
 namespace q::gui {
 namespace {

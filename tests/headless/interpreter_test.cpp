@@ -155,7 +155,7 @@ TEST_F(InterpreterTest, PressDeliversDownUpThenClickWithTheButton) {
   };
   b.onMouseUp = [&](MouseButton m) { log.push_back(m == MouseButton::Right ? "up-R" : "up-L"); };
   b.onClick = [&] { log.push_back("click"); };
-  b.onDblClick = [&] { log.push_back("dbl"); };
+  b.onDblClick = [&](MouseButton) { log.push_back("dbl"); };
   run({"press TestButton", "press TestButton right", "down TestButton", "up TestButton right",
        "click TestButton", "dblclick TestButton"});
   EXPECT_EQ(log, (std::vector<std::string>{"down-L", "up-L", "click", "down-R", "up-R", "click",
@@ -206,20 +206,13 @@ TEST_F(InterpreterTest, TypeTakesTheRestOfTheLineAsItStands) {
 
 TEST_F(InterpreterTest, KeysGoToTheControlOrToAWindowsOwnKeyHandler) {
   auto& box = form1().add<TextBox>("TestBox");
-  std::vector<int> boxKeys, windowKeys;
+  std::vector<int> boxKeys;
   box.onKeyPress = [&](int& k) { boxKeys.push_back(k); };
-  // A window that exists only once something of it is used, with its key handler under its own
-  // name.
-  std::unique_ptr<Lamp> handler;
-  console().registry.addWindowFactory("TestWin", [&] {
-    handler = std::make_unique<Lamp>("TestWin");
-    handler->onKeyPress = [&](int& k) { windowKeys.push_back(k); };
-    console().registry.add(*handler);
-  });
-  EXPECT_EQ(run({"key TestBox 65", "enter TestBox", "key TestWin 49", "enter TestWin"}), "");
+  EXPECT_EQ(run({"key TestBox 65", "enter TestBox"}), "");
   EXPECT_EQ(boxKeys, (std::vector<int>{65, 13}));
-  EXPECT_EQ(windowKeys, (std::vector<int>{49, 13}));
-  console().registry.remove(*handler);
+  // The keypad is loaded by a key typed at it, and types into the command line.
+  EXPECT_EQ(run({"key Tecles 49", "key Tecles 50"}), "");
+  EXPECT_EQ(run("get Direct"), "Direct = 12\n");
 }
 
 TEST_F(InterpreterTest, DropGivesTheWholePathWithTheLeftButton) {

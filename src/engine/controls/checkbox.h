@@ -8,8 +8,8 @@ namespace q {
 
 class CheckBox : public Control {
  public:
-  explicit CheckBox(std::string name, std::string caption = {})
-      : Control(std::move(name)), caption(std::move(caption)) {}
+  explicit CheckBox(std::string name, std::string text = {})
+      : Control(std::move(name)), caption(std::move(text)) {}
 
   int checked() const { return value_; }
   void setChecked(int v) {
@@ -22,6 +22,7 @@ class CheckBox : public Control {
   std::string caption;
 
   std::string value() const override { return std::to_string(value_); }
+  const std::string* captionText() const override { return &caption; }
   bool setValue(int v) override {
     if (v != 0 && v != 1) return false;
     setChecked(v);

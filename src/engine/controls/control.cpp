@@ -1,8 +1,10 @@
 #include "engine/controls/control.h"
 
-#include <algorithm>
+#include "engine/controls/handler_scope.h"
 
 namespace q {
+
+Control::~Control() { destroyed_.notify(); }
 
 void Control::setEnabled(bool e) {
   if (enabled_ == e) return;
@@ -16,22 +18,39 @@ void Control::setVisible(bool v) {
   notifyView();
 }
 
+void Control::mouseDown(const MouseEvent& e) {
+  HandlerScope scope;
+  if (onMouseDown) onMouseDown(e);
+}
+
+void Control::mouseUp(const MouseEvent& e) {
+  HandlerScope scope;
+  if (onMouseUp) onMouseUp(e);
+}
+
+void Control::mouseMove(const MouseEvent& e) {
+  HandlerScope scope;
+  if (onMouseMove) onMouseMove(e);
+}
+
+void Control::click() {
+  HandlerScope scope;
+  if (onClick) onClick();
+}
+
+void Control::dblClick(const MouseEvent& e) {
+  HandlerScope scope;
+  if (onDblClick) onDblClick(e);
+}
+
 void Control::keyPress(int code) {
+  HandlerScope scope;
   if (onKeyPress) onKeyPress(code);
 }
 
-int Control::addViewListener(ViewListener l) {
-  listeners_.emplace_back(nextListener_, std::move(l));
-  return nextListener_++;
-}
-
-void Control::removeViewListener(int id) {
-  std::erase_if(listeners_, [id](const auto& p) { return p.first == id; });
-}
-
-void Control::notifyView() {
-  // A listener may remove itself while we walk, so walk a copy of the ids.
-  for (size_t i = 0; i < listeners_.size(); ++i) listeners_[i].second();
+void Control::drop(const std::string& path, MouseButton b) {
+  HandlerScope scope;
+  if (onDrop) onDrop(path, b);
 }
 
 }  // namespace q

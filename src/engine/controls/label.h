@@ -19,6 +19,7 @@ class Label : public Control {
   std::string toolTip;
 
   std::string value() const override { return caption_; }
+  const std::string* captionText() const override { return &caption_; }
 
  private:
   std::string caption_;

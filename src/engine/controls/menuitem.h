@@ -26,6 +26,7 @@ class MenuItem : public Control {
   std::string parent;
 
   std::string value() const override { return checked_ ? "-1" : "0"; }
+  const std::string* captionText() const override { return &caption_; }
 
  private:
   std::string caption_;

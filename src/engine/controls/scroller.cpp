@@ -1,5 +1,7 @@
 #include "engine/controls/scroller.h"
 
+#include "engine/controls/handler_scope.h"
+
 namespace q {
 
 bool Scroller::setPosition(int v) {
@@ -7,6 +9,7 @@ bool Scroller::setPosition(int v) {
   if (v == position_) return true;
   position_ = v;
   notifyView();
+  HandlerScope scope;
   if (onChange) onChange();
   return true;
 }

@@ -1,5 +1,6 @@
 #include "engine/controls/timer.h"
 
+#include "engine/controls/handler_scope.h"
 #include "engine/core/scheduler.h"
 
 namespace q {
@@ -26,6 +27,11 @@ void Timer::setInterval(int ms) {
   if (running_) scheduler_.restartPeriod(this);
   scheduler_.changed();
   notifyView();
+}
+
+void Timer::tick() {
+  HandlerScope scope;
+  if (onTick) onTick();
 }
 
 }  // namespace q

@@ -25,9 +25,7 @@ class Timer : public Control {
   void setInterval(int ms);
 
   std::function<void()> onTick;
-  void tick() {
-    if (onTick) onTick();
-  }
+  void tick();
 
   // A timer may rest: while restWhile holds, its ticks would change nothing
   // and it ticks only once every restMs. The moment the condition ends, a

@@ -44,6 +44,7 @@ Console::Console(ConsoleHost host)
       form1(registry, scheduler) {
   registerCoreValues(*this);
   wireMainMenu();
+  windows.enableOpeners();
 }
 
 Console::~Console() = default;

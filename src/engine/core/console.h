@@ -19,6 +19,7 @@
 #include "engine/core/scheduler.h"
 #include "engine/core/settings.h"
 #include "engine/core/variables.h"
+#include "engine/core/window_catalogue.h"
 #include "engine/input/direct_command.h"
 #include "engine/input/keyboard_control.h"
 #include "engine/input/keypad.h"
@@ -106,6 +107,9 @@ class Console {
   NamedValues names;
   Scheduler scheduler;
   MainWindow form1;
+  // Every other window, loaded on first use; declared before the subsystems
+  // that give their factories.
+  WindowCatalogue windows{registry};
   Settings settings{*this};
   // The main window's shared file chooser.
   CommonDialog CDialog1{*host_.dialogs};

@@ -5,13 +5,6 @@
 
 namespace q {
 
-namespace {
-// Secondary windows, in the order the main window's unload forgets them.
-const char* const kUnloadOrder[] = {
-    "frmSparseMatrix", "Mobile",    "Config",    "Cuewin",   "Simple", "Canals",   "Tecles",
-    "MIDISetupForm",   "FX1Config", "FX2Config", "CueProps", "SpCue",  "frmAbout", "Refreshrate"};
-}  // namespace
-
 bool Console::hasSwitch(const std::string& sw) const {
   return host_.commandLine.find(sw) != std::string::npos;
 }
@@ -59,7 +52,7 @@ void Console::unload() {
   settings.writeAtExit();
   interfaces.stopDMX();
   midi.closePorts();
-  for (const char* w : kUnloadOrder) registry.forgetWindow(w);
+  windows.unloadAll();
   closed_ = true;
 }
 

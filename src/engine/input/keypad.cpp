@@ -36,6 +36,10 @@ int keyOfChar(int keyAscii) {
 }  // namespace
 
 Tecles::Tecles(Console& c) : Window(c.registry, "Tecles"), c_(c) {
+  setCaption("Keyboard");
+  stayOnTop = true;
+  // Keys typed while the keypad has the focus.
+  form().onKeyPress = [this](int& keyAscii) { keyPress(keyAscii); };
   for (int i = 0; i < kKeys; ++i) {
     pressed_[i] = &add<Lamp>(indexed("DoubleBTN", i), picture(i, true));
     Lamp& key = *(btn_[i] = &add<Lamp>(indexed("BTN", i), picture(i, false)));
@@ -43,7 +47,7 @@ Tecles::Tecles(Console& c) : Window(c.registry, "Tecles"), c_(c) {
     key.onMouseUp = [this, i](MouseButton) { BTN(i).setPicture(picture(i, false)); };
     key.onClick = [this, i] { keyClick(i); };
     // A double press lands on the pressed look: it clears the column under edit.
-    pressed_[i]->onDblClick = [&c] { c.form1.menu("mnuChanZero").click(); };
+    pressed_[i]->onDblClick = [&c](MouseButton) { c.form1.menu("mnuChanZero").click(); };
   }
 }
 
@@ -104,22 +108,12 @@ void Tecles::sendEnter() {
 }
 
 Keypad::Keypad(Console& c) : c_(c) {
-  c_.registry.add(target_);
-  target_.onKeyPress = [this](int& keyAscii) { window().keyPress(keyAscii); };
-  c_.registry.addWindowFactory(
-      "Tecles", [this] { window(); }, [this] { unload(); });
+  c_.windows.setFactory("Tecles", [this] { return std::make_unique<Tecles>(c_); });
   c_.form1.menu("mnuTecles").onClick = [this] { show(); };
 }
 
-Keypad::~Keypad() { c_.registry.remove(target_); }
+Tecles& Keypad::window() { return c_.windows.load<Tecles>("Tecles"); }
 
-Tecles& Keypad::window() {
-  if (!window_) window_ = std::make_unique<Tecles>(c_);
-  return *window_;
-}
-
-void Keypad::show() { window().setVisible(true); }
-
-void Keypad::unload() { window_.reset(); }
+void Keypad::show() { window().show(); }
 
 }  // namespace q

@@ -31,9 +31,6 @@ class Tecles : public Window {
     Clear = 17
   };
 
-  std::string caption = "Keyboard";
-  bool stayOnTop = true;
-
   // The keys, and the pictures of their pressed look.
   Lamp& BTN(int i) { return *btn_.at(i); }
   Lamp& DoubleBTN(int i) { return *pressed_.at(i); }
@@ -54,30 +51,20 @@ class Tecles : public Window {
   std::array<Lamp*, kKeys> pressed_{};
 };
 
-// Owns the keypad window, created on first use, and the console name
-// "Tecles" under which keys typed at the keypad arrive.
+// Gives the catalogue the keypad window and opens it from the menu.
 class Keypad {
  public:
   explicit Keypad(Console& c);
-  ~Keypad();
   Keypad(const Keypad&) = delete;
   Keypad& operator=(const Keypad&) = delete;
 
+  // The keypad window, loaded on first use.
   Tecles& window();
   // Opens the keypad (CmdDirect, mnuTecles): not modal, on top.
   void show();
-  void unload();
 
  private:
-  class KeyTarget : public Control {
-   public:
-    KeyTarget() : Control("Tecles") {}
-    std::string value() const override { return {}; }
-  };
-
   Console& c_;
-  KeyTarget target_;
-  std::unique_ptr<Tecles> window_;
 };
 
 }  // namespace q

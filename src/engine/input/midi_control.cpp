@@ -24,9 +24,8 @@ MidiControl::MidiControl(Console& c)
       in_(c.host().midiIn ? c.host().midiIn : &noIn_),
       out_(c.host().midiOut ? c.host().midiOut : &noOut_) {
   attach();
-  c_.registry.addWindowFactory(
-      "MIDISetupForm", [this] { setupForm(); }, [this] { unloadSetupForm(); });
-  c_.form1.menu("mnuMidiSetup").onClick = [this] { setupForm().setVisible(true); };
+  c_.windows.setFactory("MIDISetupForm", [this] { return std::make_unique<MidiSetupForm>(c_); });
+  c_.form1.menu("mnuMidiSetup").onClick = [this] { setupForm().show(); };
   c_.names.add("MidiEchoEnabled", [this] { return std::to_string(MidiEchoEnabled); });
   c_.names.add("MasterController", [this] { return std::to_string(MasterController); });
   c_.names.add("CrossfadeController", [this] { return std::to_string(CrossfadeController); });
@@ -152,11 +151,6 @@ int MidiControl::ApplyMidiPorts() {
   return 1;
 }
 
-MidiSetupForm& MidiControl::setupForm() {
-  if (!setup_) setup_ = std::make_unique<MidiSetupForm>(c_);
-  return *setup_;
-}
-
-void MidiControl::unloadSetupForm() { setup_.reset(); }
+MidiSetupForm& MidiControl::setupForm() { return c_.windows.load<MidiSetupForm>("MIDISetupForm"); }
 
 }  // namespace q

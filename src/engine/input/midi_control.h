@@ -44,9 +44,8 @@ class MidiControl {
   MidiInPort& input() { return *in_; }
   MidiOutPort& output() { return *out_; }
 
-  // The setup dialog, created on first use.
+  // The setup dialog, loaded on first use.
   MidiSetupForm& setupForm();
-  void unloadSetupForm();
 
   // False while incoming messages move faders, so that those moves are not
   // sent back; false too until the first message arrived.
@@ -70,7 +69,6 @@ class MidiControl {
   NoMidiOut noOut_;
   MidiInPort* in_;
   MidiOutPort* out_;
-  std::unique_ptr<MidiSetupForm> setup_;
 };
 
 }  // namespace q

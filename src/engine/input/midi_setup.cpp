@@ -43,6 +43,7 @@ MidiSetupForm::MidiSetupForm(Console& c)
   for (int ch = 1; ch <= 16; ++ch) ComboChannel.addItem(std::to_string(ch));
   for (const char* p : {"-none-", "All to zero", "Yamaha 01v (1)", "Yamaha 01v (2)", "1 to 1"})
     Combo1.addItem(p);
+  setCaption("MIDI Devices");
   Combo1.setListIndex(0);
   Combo1.onClick = [this] { applyPreset(Combo1.listIndex()); };
   CmdOk.onClick = [this] { ok(); };
@@ -120,7 +121,7 @@ void MidiSetupForm::ok() {
     auto value = controllerOf(txtMIDI(i).text());
     if (!value)
       c_.dialogs().msgBox(
-          caption,
+          caption(),
           boxLabel(i) + " \"" + txtMIDI(i).text() + "\" is not a controller number from 0 to 255",
           MsgButtons::OK, MsgIcon::Exclamation);
     return value;
@@ -135,15 +136,11 @@ void MidiSetupForm::ok() {
     if (!value) return;
     (i == 1 ? m.MasterController : m.CrossfadeController) = *value;
   }
-  setVisible(false);
   if (ComboChannel.listIndex() >= 0) c_.v.MidiChannel = ComboChannel.listIndex() + 1;
+  unload();
 }
 
-// Leaving forgets what was typed: the next opening shows the console's
-// choice again, as a dialog loaded afresh would.
-void MidiSetupForm::cancel() {
-  setVisible(false);
-  load();
-}
+// Leaving forgets what was typed: the next opening loads the console's choice afresh.
+void MidiSetupForm::cancel() { unload(); }
 
 }  // namespace q

@@ -18,8 +18,6 @@ class MidiSetupForm : public Window {
  public:
   explicit MidiSetupForm(Console& c);
 
-  std::string caption = "MIDI Devices";
-
   ListBox& ComboMidiOut;
   ListBox& ComboMidiIn;
   ListBox& ComboChannel;
@@ -29,7 +27,7 @@ class MidiSetupForm : public Window {
   Label& CmdOk;
   Label& CmdCancel;
 
-  // Fills the lists and boxes from the console's present choice.
+  // Fills the lists and boxes from the console's present choice (its load sequence).
   void load();
   void applyPreset(int position);
   void ok();

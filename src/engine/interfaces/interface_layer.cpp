@@ -47,8 +47,7 @@ InterfaceLayer::InterfaceLayer(Console& c) : c_(c) {
     velleman().setData(channel, value);
   };
   c_.form1.menu("mnuInterface").onClick = [this] { openSetupWindow(); };
-  c_.registry.addWindowFactory(
-      "Refreshrate", [this] { setupWindow(); }, [this] { setup_.reset(); });
+  c_.windows.setFactory("Refreshrate", [this] { return std::make_unique<Refreshrate>(c_); });
   c_.names.add("OlaUniverse", [this] { return std::to_string(OlaUniverse); });
   c_.names.add("OlaPort", [this] { return std::to_string(OlaPort); });
   c_.names.add("WidgetPort", [this] { return WidgetPort; });
@@ -279,10 +278,7 @@ void InterfaceLayer::writeSettings(IniFile& ini) const {
   ini.write("Setup", "ContinuousOutput", ContinuousOutput ? "1" : "0");
 }
 
-Refreshrate& InterfaceLayer::setupWindow() {
-  if (!setup_) setup_ = std::make_unique<Refreshrate>(c_);
-  return *setup_;
-}
+Refreshrate& InterfaceLayer::setupWindow() { return c_.windows.load<Refreshrate>("Refreshrate"); }
 
 void InterfaceLayer::openSetupWindow() { setupWindow().show(); }
 

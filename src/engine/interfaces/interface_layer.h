@@ -92,7 +92,6 @@ class InterfaceLayer {
   std::unique_ptr<Oksid> oksid_;
   std::unique_ptr<VellemanLibrary> vellemanLib_;
   std::unique_ptr<Velleman> velleman_;
-  std::unique_ptr<Refreshrate> setup_;
 };
 
 }  // namespace q

@@ -38,9 +38,10 @@ Refreshrate::Refreshrate(Console& c)
       Combo1(add<ComboText>("Combo1")),
       btnOk(add<Label>("btnOk", "Ok")),
       c_(c) {
+  setCaption("Interface setup");
   for (int k = 0; k < kAdapterCount; ++k) {
     ComboDevice.addItem(kInterfaces[k].name);
-    Image1[size_t(k)] = &add<Lamp>(indexed("Image1", k), "Device" + std::to_string(k));
+    Image1.push_back(&add<Lamp>(indexed("Image1", k), "Device" + std::to_string(k)));
   }
   for (const char* lpt : {"LPT1", "LPT2", "LPT3", "LPT4"}) CmbLPT.addItem(lpt);
   Combo1.items.assign(std::begin(kChannelChoices), std::end(kChannelChoices));
@@ -100,11 +101,6 @@ void Refreshrate::load() {
   frameBackColor = c_.colors.SkinBackColor;
 }
 
-void Refreshrate::show() {
-  if (!loaded_) load();
-  setVisible(true);
-}
-
 void Refreshrate::deviceChosen() {
   const int k = ComboDevice.listIndex();
   if (k < 0) return;
@@ -147,13 +143,6 @@ void Refreshrate::ok() {
     if (limit > 0 && v.MaxChans > limit) v.MaxChans = int16_t(limit);
   }
   unload();
-}
-
-void Refreshrate::closeBox() { unload(); }
-
-void Refreshrate::unload() {
-  loaded_ = false;
-  setVisible(false);
 }
 
 }  // namespace q

@@ -28,17 +28,13 @@ class Refreshrate : public Window {
  public:
   explicit Refreshrate(Console& c);
 
-  // Opening: the window takes the console's current settings.
+  // Opening: the window takes the console's current settings (its load sequence).
   void load();
-  void show();
-  // "Ok": applies and closes.
+  // "Ok": applies and closes. The close box applies nothing further.
   void ok();
-  // The window's own close box.
-  void closeBox();
-  bool loaded() const { return loaded_; }
 
   ListBox& ComboDevice;
-  std::array<Lamp*, 11> Image1{};
+  std::vector<Lamp*> Image1;  // one picture per adapter, by InterfaceType
   Lamp& Image2;
   Label& lblWeb;
   Label& Frame4;  // "SELECT OUTPUT", round CmbLPT
@@ -65,9 +61,9 @@ class Refreshrate : public Window {
   void wire();
   void deviceChosen();
   void loopMoved(Scroller& bar, TextBox& text, int& setting);
-  void unload();
 
   Console& c_;
+  // False while the load sequence fills the controls: their handlers then only show.
   bool loaded_ = false;
 };
 

@@ -25,17 +25,12 @@ FaderConfig::FaderConfig(Console& c)
     knobs_[i - 1] = &add<ChoiceImage>(indexed("Knob", i));
     knobs_[i - 1]->onClick = [this, i] { knobClick(i); };
   }
+  setCaption("SliderConfig");
   APPLY.onClick = [this] { apply(); };
   load();
 }
 
-void FaderConfig::open() {
-  if (!loaded_) load();
-  setVisible(true);
-}
-
 void FaderConfig::load() {
-  loaded_ = true;
   const int n = c_.v.EditColumn;
   if (!isStrip(n)) return;  // Stage and Prog have no strip to configure
   const int look = c_.v.SubKnob[n - kFirstStrip];
@@ -123,11 +118,6 @@ bool FaderConfig::applyController(int n) {
   }
   c_.v.SubMidi[n - kFirstStrip] = uint8_t(value);
   return true;
-}
-
-void FaderConfig::unload() {
-  loaded_ = false;
-  setVisible(false);
 }
 
 }  // namespace q

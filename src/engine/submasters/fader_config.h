@@ -3,7 +3,7 @@
 // controller, tooltip and knob. It keeps nothing of its own: it reads the
 // strip when it loads, writes it back on APPLY and unloads. It works on the
 // strip EditColumn, read afresh at load and at APPLY, like the rest of the
-// desk; the console runs on behind it.
+// desk; the console runs on behind it. Closing it any other way changes nothing.
 
 #include <array>
 
@@ -32,16 +32,12 @@ class FaderConfig : public Window {
  public:
   explicit FaderConfig(Console& c);
 
-  // Shows the dialog, loading it from the selected strip unless it is already open.
-  void open();
-  // Reads the strip EditColumn into the dialog.
+  // Reads the strip EditColumn into the dialog (its load sequence).
   void load();
   // Commits the dialog to the strip EditColumn and unloads it. A controller
   // that is no number from 0 to 255 stops it after the function, the fader
   // and the tooltip have been written; the dialog then stays.
   void apply();
-  void unload();
-  bool loaded() const { return loaded_; }
 
   void knobClick(int index);   // 1..4
   void colorClick(int index);  // 0..4
@@ -63,7 +59,6 @@ class FaderConfig : public Window {
   Console& c_;
   std::array<ChoiceImage*, 5> colors_{};
   std::array<ChoiceImage*, 4> knobs_{};
-  bool loaded_ = false;
 };
 
 }  // namespace q

@@ -21,8 +21,7 @@ SubmasterBank::SubmasterBank(Console& c) : c_(c) {
   };
   wireMenus();
   addKnobPictures();
-  c_.registry.addWindowFactory(
-      "Config", [this] { config(); }, [this] { config_.reset(); });
+  c_.windows.setFactory("Config", [this] { return std::make_unique<FaderConfig>(c_); });
   c_.names.add("Player1Rate", [this] { return toText(Value{c_.v.Player1Rate}); });
   c_.names.add("Player2Rate", [this] { return toText(Value{c_.v.Player2Rate}); });
 }
@@ -35,7 +34,7 @@ void SubmasterBank::wireStrip(int n) {
   f.Flash(n).onMouseDown = [this, n](MouseButton b) { flashDown(n, b); };
   f.Flash(n).onMouseUp = [this, n](MouseButton b) { flashUp(n, b); };
   f.FaderCFG(n).onMouseDown = [this, n](MouseButton b) { select(n, b); };
-  f.Slabel(n).onDblClick = [this, n] { labelDblClick(n); };
+  f.Slabel(n).onDblClick = [this, n](MouseButton) { labelDblClick(n); };
   auto drop = [this, n](const std::string& p, MouseButton b) { dropOnStrip(n, p, b); };
   f.FaderCFG(n).onDrop = drop;
   f.Flash(n).onDrop = drop;
@@ -121,15 +120,9 @@ void SubmasterBank::changeColor(bool background) {
   box->setStyle(s);
 }
 
-FaderConfig& SubmasterBank::config() {
-  if (!config_) config_ = std::make_unique<FaderConfig>(c_);
-  return *config_;
-}
+FaderConfig& SubmasterBank::config() { return c_.windows.load<FaderConfig>("Config"); }
 
-void SubmasterBank::openConfig() { config().open(); }
-
-void SubmasterBank::unloadConfig() {
-  if (config_) config_->unload();
-}
+// A dialog already open keeps what the operator set in it; only a fresh one loads the strip.
+void SubmasterBank::openConfig() { config().show(); }
 
 }  // namespace q

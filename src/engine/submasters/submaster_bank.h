@@ -37,10 +37,9 @@ class SubmasterBank {
   // A file dropped on FaderCFG, Flash or SLevel of column N.
   void dropOnStrip(int n, const std::string& path, MouseButton b);
 
-  // The fader configuration dialog, created on first use.
+  // The fader configuration dialog, loaded on first use.
   FaderConfig& config();
   void openConfig();
-  void unloadConfig();
 
   // The level a fader position stands for, as SLevel shows it: "100" .. "00".
   static std::string percentText(int position);
@@ -60,7 +59,6 @@ class SubmasterBank {
   void changeColor(bool background);
 
   Console& c_;
-  std::unique_ptr<FaderConfig> config_;
 };
 
 }  // namespace q

@@ -117,19 +117,17 @@ TEST(Scheduler, HandlerStoppingItsOwnTimerStopsIt) {
   EXPECT_EQ(sched.nextDue(), -1);
 }
 
-TEST(Registry, FindsByConsoleNameAndCreatesWindowsOnFirstUse) {
+TEST(Registry, FindsByConsoleNameAndRefusesASecondControlOfOneName) {
   Registry reg;
   Scroller f("Fader(3)", 0, 255, 255);
   reg.add(f);
   EXPECT_EQ(reg.find<Scroller>("Fader(3)"), &f);
   EXPECT_EQ(reg.find("Fader(4)"), nullptr);
-  std::unique_ptr<Scroller> later;
-  reg.addWindowFactory("Canals", [&] {
-    later = std::make_unique<Scroller>("Canals.Fader(0)", 0, 255, 255);
-    reg.add(*later);
-  });
-  EXPECT_NE(reg.find("Canals.Fader(0)"), nullptr);
-  EXPECT_EQ(reg.find("Canals.Nothing"), nullptr);
+  Scroller twin("Fader(3)", 0, 255, 0);
+  EXPECT_THROW(reg.add(twin), std::logic_error);
+  EXPECT_EQ(reg.find<Scroller>("Fader(3)"), &f);
+  reg.remove(twin);  // not the registered one: nothing happens
+  EXPECT_EQ(reg.find<Scroller>("Fader(3)"), &f);
 }
 
 }  // namespace q

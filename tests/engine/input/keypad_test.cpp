@@ -116,7 +116,7 @@ TEST_F(Keypad, AtPressedSurvivesHidingButNotUnloading) {
   press({Tecles::At});
   pad().setVisible(false);
   EXPECT_EQ(pad().AtPressed, kTrue);
-  console().registry.forgetWindow("Tecles");
+  pad().unload();
   EXPECT_EQ(console().registry.find<Lamp>("Tecles.BTN(3)") != nullptr, true);
   EXPECT_EQ(console().keypad.window().AtPressed, kFalse);
 }

@@ -148,7 +148,7 @@ TEST_F(MidiSetup, ABadControllerStopsOkWithAMessage) {
 TEST_F(MidiSetup, IsCreatedByNameAndForgottenAtUnload) {
   ASSERT_NE(console().registry.find("MIDISetupForm.txtMIDI(7)"), nullptr);
   EXPECT_FALSE(midi().setupForm().isVisible());
-  console().registry.forgetWindow("MIDISetupForm");
+  midi().setupForm().unload();
   EXPECT_FALSE(console().registry.has("MIDISetupForm.txtMIDI(7)"));
 }
 

@@ -1,0 +1,66 @@
+#pragma once
+// Form1, the main window: the menu bar, the desk, the keyboard and the file
+// drops of the whole window, and the close question. It shows when the
+// console's start-up skins it and closes only when the console says so.
+
+#include <QMainWindow>
+#include <memory>
+
+#include "gui/desk/desk_context.h"
+
+class QScrollArea;
+class QTimer;
+
+namespace q::gui {
+
+class DeskMenus;
+class DeskPlayer;
+class DeskSurface;
+
+class Form1 : public QMainWindow {
+  Q_OBJECT
+ public:
+  Form1(DeskContext& ctx, DeskPlayer* players[2]);
+  ~Form1() override;
+
+  DeskMenus& menus() { return *menus_; }
+  DeskSurface& desk() { return *desk_; }
+  // The zoom that fits the desk on this window's screen.
+  double fittingZoom() const;
+  // Applies the console's zoom setting (0: fit the screen).
+  void applyZoom();
+  // A zoom given on the command line, over the setting (0: none).
+  void setZoomOverride(double z);
+  void showAbout();
+
+ signals:
+  // The window is closing: the console has unloaded.
+  void closing();
+
+ protected:
+  void closeEvent(QCloseEvent* e) override;
+  void resizeEvent(QResizeEvent* e) override;
+  bool eventFilter(QObject* watched, QEvent* e) override;
+  void dragEnterEvent(QDragEnterEvent* e) override;
+  void dropEvent(QDropEvent* e) override;
+
+ private:
+  void followConsoleWindow();
+  void stepZoom(double delta);
+  // With the automatic zoom, the desk follows the window's size.
+  void fitToWindow();
+  void closeIfConsoleClosed();
+  bool typingInTextBox() const;
+
+  DeskContext& ctx_;
+  DeskMenus* menus_ = nullptr;
+  DeskSurface* desk_ = nullptr;
+  QScrollArea* scroll_ = nullptr;
+  int lookListener_ = 0;
+  int formListener_ = 0;
+  bool shownOnce_ = false;
+  double zoomOverride_ = 0;
+  QTimer* fitTimer_ = nullptr;
+};
+
+}  // namespace q::gui
