@@ -57,7 +57,7 @@ void registerCoreValues(Console& c) {
 
   n.addIndexed("ChanTable", 2, [&v](const std::vector<int>& i) -> std::optional<std::string> {
     if (!channelOk(i[0]) || i[1] < 0 || i[1] >= kColumns) return std::nullopt;
-    return num(v.ChanTable[i[0] - 1][i[1]]);
+    return num(v.ChanTable.get(i[0], i[1]));
   });
   auto perChannel = [&n](const char* name, auto getter) {
     n.addIndexed(name, 1, [getter](const std::vector<int>& i) -> std::optional<std::string> {
@@ -67,7 +67,7 @@ void registerCoreValues(Console& c) {
   };
   perChannel("MixBuffer", [&v](int k) { return v.MixBuffer[k]; });
   perChannel("DMXData", [&v](int k) { return v.DMXData[k]; });
-  perChannel("PatchMap", [&v](int k) { return v.PatchMap[k]; });
+  perChannel("PatchMap", [&v](int k) { return v.PatchMap.get(k + 1); });
   auto perSub = [&n](const char* name, auto getter) {
     n.addIndexed(name, 1, [getter](const std::vector<int>& i) -> std::optional<std::string> {
       if (i[0] < 1 || i[0] > kSubmasters) return std::nullopt;

@@ -90,7 +90,7 @@ void Mixer::MixOutput() {
   if (channels > 0) v.J = kSubmasters + 1;
   if (v.PatchOn != kFalse) patchPass();
   c_.liveDisplay.endMix();
-  if (onOutputStripRepaint) onOutputStripRepaint();
+  outputMixed.notify();
   v.MixDirty = kFalse;
 }
 
@@ -189,7 +189,7 @@ void Mixer::mixSources(int channels) {
   const uint8_t* prog = prog_.at.data();
   const uint8_t* midi = midi_.at.data();
   for (int i = 0; i < channels; ++i) {
-    const uint8_t* row = v.ChanTable[i].data();
+    const uint8_t* row = v.ChanTable.row(i).data();
     // Prog and Stage add: a true crossfade sum, each share floored on its own.
     const int sum = prog[row[kProgColumn]] + stage[row[kStageColumn]];
     int mb = sum < 255 ? sum : 255;
@@ -249,7 +249,7 @@ void Mixer::addChaser(int k, int channels) {
 
 // The bypass strips of a logical channel raise its level after the grand master.
 uint8_t Mixer::bypassed(int logical, uint8_t level) const {
-  const uint8_t* row = c_.v.ChanTable[logical - 1].data();
+  const uint8_t* row = c_.v.ChanTable.row(logical - 1).data();
   for (const StripOp& op : bypassOps_) level = std::max(level, op.table[row[op.column]]);
   return level;
 }
@@ -277,7 +277,7 @@ void Mixer::firstPassOutput(int channels) {
 // raised by the bypass strips. True when the output is patched.
 bool Mixer::patchOutput(int out) {
   Variables& v = c_.v;
-  const int logical = v.PatchMap[out - 1];
+  const int logical = v.PatchMap.get(out);
   if (logical <= 0 || logical > kChannels) return false;
   const uint8_t mastered = grand_.at[v.MixBuffer[logical - 1]];
   v.DMXData[out - 1] = bypassOps_.empty() ? mastered : bypassed(logical, mastered);
@@ -301,7 +301,7 @@ void Mixer::patchPass() {
   if (bypassOps_.empty() && !(v.InterfaceType == 8 && perChannelOutput)) {
     const uint8_t* grand = grand_.at.data();
     for (int out = v.I; out <= kChannels; ++out) {
-      const int logical = v.PatchMap[out - 1];
+      const int logical = v.PatchMap.get(out);
       if (logical <= 0 || logical > kChannels) continue;
       v.DMXData[out - 1] = grand[v.MixBuffer[logical - 1]];
       patched = true;

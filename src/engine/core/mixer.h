@@ -12,6 +12,7 @@
 #include <functional>
 #include <vector>
 
+#include "engine/controls/listeners.h"
 #include "engine/core/variables.h"
 
 namespace q {
@@ -25,8 +26,9 @@ class Mixer {
 
   // Interface 8 takes each channel from inside the mix, as the mix makes it.
   std::function<void(int channel, uint8_t value)> perChannelOutput;
-  // Asks the matrix view to repaint its output strip (only when it is in normal state).
-  std::function<void()> onOutputStripRepaint;
+  // Told after every mix, once MixBuffer and DMXData hold the new frame: the
+  // matrix view repaints its output strip (when it is in normal state).
+  Listeners<> outputMixed;
 
   // One product per source byte for a given set of weights; key -1 = not built.
   struct LevelTable {

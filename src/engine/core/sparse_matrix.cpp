@@ -104,6 +104,23 @@ bool CSparseMatrix::cellIsEmpty(int16_t row, int16_t column) const {
   return !s || s->tag == kEmpty;
 }
 
+// Whether a slot already holds exactly this value (same kind, same value).
+bool CSparseMatrix::holds(const Slot* s, const std::string* texts, const Value& v) const {
+  const Tag tag = s ? s->tag : kEmpty;
+  switch (v.index()) {
+    case 0:
+      return tag == kEmpty;
+    case 1:
+      return tag == kByte && s->b == std::get<uint8_t>(v);
+    case 2:
+      return tag == kInt16 && s->i == std::get<int16_t>(v);
+    case 3:
+      return tag == kDouble && s->d == std::get<double>(v);
+    default:
+      return tag == kString && texts[s->text] == std::get<std::string>(v);
+  }
+}
+
 void CSparseMatrix::setCell(int16_t row, int16_t column, const Value& v) {
   ++version_;
   if (rows_.empty()) rows_.resize(65536);
@@ -112,12 +129,18 @@ void CSparseMatrix::setCell(int16_t row, int16_t column, const Value& v) {
     if (isEmpty(v)) return;  // storing empty in a new row reads the same as nothing
     r = std::make_unique<Row>();
   }
+  if (holds(r->find(column), r->texts.data(), v)) return;
+  store(*r, column, v);
+  changes.changed(row, column);
+}
+
+void CSparseMatrix::store(Row& r, int16_t column, const Value& v) {
   if (isEmpty(v)) {
-    if (Slot* s = r->find(column)) r->release(*s);
+    if (Slot* s = r.find(column)) r.release(*s);
     return;
   }
-  Slot& s = r->make(column);
-  r->release(s);
+  Slot& s = r.make(column);
+  r.release(s);
   switch (v.index()) {
     case 1:
       s.tag = kByte;
@@ -133,7 +156,7 @@ void CSparseMatrix::setCell(int16_t row, int16_t column, const Value& v) {
       break;
     case 4:
       s.tag = kString;
-      s.text = r->keep(std::get<std::string>(v));
+      s.text = r.keep(std::get<std::string>(v));
       break;
     default:
       break;
@@ -143,6 +166,7 @@ void CSparseMatrix::setCell(int16_t row, int16_t column, const Value& v) {
 void CSparseMatrix::clearAll() {
   rows_.clear();
   ++version_;
+  changes.changed({INT16_MIN, INT16_MAX, INT16_MIN, INT16_MAX});
 }
 
 }  // namespace q

@@ -16,6 +16,7 @@
 #include <memory>
 #include <vector>
 
+#include "engine/core/table_change.h"
 #include "engine/core/value.h"
 
 namespace q {
@@ -40,10 +41,15 @@ class CSparseMatrix {
   // Forgets every row (a new table), for tests and for a reset of a whole instance.
   void clearAll();
 
+  // Told of every cell whose value changed: rows and columns as stored.
+  TableNotifier changes;
+
  private:
   struct Slot;
   struct Row;
   const Slot* slot(int16_t row, int16_t column) const;
+  bool holds(const Slot* s, const std::string* texts, const Value& v) const;
+  static void store(Row& r, int16_t column, const Value& v);
   std::vector<std::unique_ptr<Row>> rows_;  // indexed by row + 32768
   uint64_t version_ = 0;
 };

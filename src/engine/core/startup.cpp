@@ -2,6 +2,7 @@
 // up and goes down.
 
 #include "engine/core/console.h"
+#include "engine/playback/cue_record.h"
 
 namespace q {
 
@@ -12,7 +13,8 @@ bool Console::hasSwitch(const std::string& sw) const {
 void Console::start() {
   splashShown_ = !hasSwitch("-nosplash");
   loadForm1();
-  for (int n = 1; n <= kChannels; ++n) v.PatchMap[n - 1] = int16_t(n);
+  auto batch = v.PatchMap.changes.batch();
+  for (int n = 1; n <= kChannels; ++n) v.PatchMap.set(n, int16_t(n));
 }
 
 void Console::outputTick() {
@@ -60,12 +62,18 @@ void Console::resetDesk() {
   if (dialogs().msgBox("RESET DESK", "Are you sure?", MsgButtons::OKCancel) != MsgResult::OK)
     return;
   v.ChannelsRefreshing = kTrue;
-  for (int ch = 1; ch <= kChannels; ++ch) {
-    for (int col = 0; col <= 21; ++col) v.chan(ch, col) = 0;
-    for (int row = 1; row <= v.CueCount; ++row) v.Cues.setCell(int16_t(row), int16_t(ch), Value{});
+  {
+    auto levels = v.ChanTable.changes.batch();
+    auto cues = v.Cues.changes.batch();
+    for (int ch = 1; ch <= kChannels; ++ch) {
+      for (int col = 0; col <= 21; ++col) v.ChanTable.set(ch, col, 0);
+      for (int row = 1; row <= v.CueCount; ++row)
+        v.Cues.setCell(int16_t(row), int16_t(ch), Value{});
+    }
+    for (int row = 1; row <= v.CueCount; ++row)
+      for (int col = cue::kNumber; col <= cue::kVar; ++col)
+        v.Cues.setCell(int16_t(row), int16_t(col), Value{});
   }
-  for (int row = 1; row <= v.CueCount; ++row)
-    for (int col = 513; col <= 521; ++col) v.Cues.setCell(int16_t(row), int16_t(col), Value{});
   for (int n = kFirstStrip; n <= kLastStrip; ++n) {
     form1.Fader(n).setPosition(255);
     form1.Slabel(n).setText("");

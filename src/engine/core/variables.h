@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 
+#include "engine/core/channel_tables.h"
 #include "engine/core/sparse_matrix.h"
 
 namespace q {
@@ -17,8 +18,6 @@ constexpr VBool kTrue = -1;
 constexpr VBool kFalse = 0;
 inline VBool vbool(bool b) { return b ? kTrue : kFalse; }
 
-constexpr int kChannels = 512;
-constexpr int kColumns = 24;  // ChanTable columns: 0 Stage, 1 Prog, 2..21 subs, 22 spare, 23 MIDI
 constexpr int kSubmasters = 20;
 constexpr int kStageColumn = 0;
 constexpr int kProgColumn = 1;
@@ -26,10 +25,10 @@ constexpr int kMidiColumn = 23;
 
 struct Variables {
   // Per channel, indexed by channel - 1.
-  std::array<std::array<uint8_t, kColumns>, kChannels> ChanTable{};
+  ChannelTable ChanTable;
   std::array<uint8_t, kChannels> MixBuffer{};
   std::array<uint8_t, kChannels> DMXData{};
-  std::array<int16_t, kChannels> PatchMap{};
+  PatchTable PatchMap;
   std::array<uint8_t, kSubmasters> SubLevel{};  // submaster n at n - 1
 
   // Masters and weights.
@@ -91,7 +90,8 @@ struct Variables {
   CSparseMatrix FX2Data;
 
   CSparseMatrix& fxData(int chaser) { return chaser == 0 ? FX1Data : FX2Data; }
-  uint8_t& chan(int channel, int column) { return ChanTable[channel - 1][column]; }
+  ChannelTable::Cell chan(int channel, int column) { return {ChanTable, channel, column}; }
+  uint8_t chan(int channel, int column) const { return ChanTable.get(channel, column); }
 };
 
 }  // namespace q

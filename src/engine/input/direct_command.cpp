@@ -77,21 +77,24 @@ class Evaluation {
     }
   }
 
-  uint8_t& cell(int channel) {
-    if (channel < 1 || channel > kChannels || column_ < 0 || column_ >= kColumns)
-      throw DirectFault{Fault::Other};
-    return v_.ChanTable[channel - 1][column_];
+  uint8_t cell(int channel) {
+    check(channel);
+    return v_.ChanTable.get(channel, column_);
   }
   void store(int channel, int value) {
-    uint8_t& c = cell(channel);
+    check(channel);
     if (value < 0 || value > 255) throw DirectFault{Fault::Other};
-    c = uint8_t(value);
+    v_.ChanTable.set(channel, column_, uint8_t(value));
   }
 
   int num = 0;
   int rangeStart = 0;
 
  private:
+  void check(int channel) const {
+    if (channel < 1 || channel > kChannels || column_ < 0 || column_ >= kColumns)
+      throw DirectFault{Fault::Other};
+  }
   Variables& v_;
   int column_;
 };
@@ -117,7 +120,6 @@ void DirectCommand::enter() {
     return;
   }
   Direct.setText("");
-  if (onMatrixRepaint) onMatrixRepaint();
   c_.v.MixDirty = kTrue;
 }
 
@@ -134,6 +136,8 @@ void DirectCommand::run() {
   const std::string text = Direct.text();
   const std::string r = lastTwo(text);
   Evaluation e(v);
+  // Views hear of the whole command once, also when it stops half-way.
+  auto batch = v.ChanTable.changes.batch();
 
   if (size_t p = text.find('a'); p != std::string::npos) {
     v.DirectText = text.substr(0, p);

@@ -33,8 +33,6 @@ class DirectCommand {
   TextBox& Direct;
   // The key beside the box that opens the on-screen keypad.
   Lamp& CmdDirect;
-  // The matrix view repaints its channels when it is on screen.
-  std::function<void()> onMatrixRepaint;
 
  private:
   void run();

@@ -91,7 +91,7 @@ void MidiControl::controlChange(int controller, int value) {
 
 // Note n lights channel n + 1 in the MIDI column, before the patch.
 void MidiControl::note(int number, int level) {
-  c_.v.ChanTable[number][kMidiColumn] = uint8_t(level);
+  c_.v.ChanTable.set(number + 1, kMidiColumn, uint8_t(level));
   c_.v.MixDirty = kTrue;
 }
 

@@ -73,7 +73,9 @@ void CueFunctions::setSubmasterLevels(long row) {
 void CueFunctions::programSubmaster(long row, int column) {
   Variables& v = c_.v;
   const int channels = std::clamp<int>(v.MaxChans, 0, kChannels);
-  for (int ch = 1; ch <= channels; ++ch) v.chan(ch, column) = cellLevel(cueCell(v, row, ch));
+  auto batch = v.ChanTable.changes.batch();
+  for (int ch = 1; ch <= channels; ++ch)
+    v.ChanTable.set(ch, column, cellLevel(cueCell(v, row, ch)));
   v.MixDirty = kTrue;
 }
 

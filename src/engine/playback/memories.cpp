@@ -59,6 +59,7 @@ long Memories::nextCue() const {
 void Memories::setNextCue(long row) { NextCue.setCaption(std::to_string(row)); }
 
 void Memories::loadColumn(long row, int column) {
+  auto batch = c_.v.ChanTable.changes.batch();
   for (int i = 1; i <= channelsInUse(c_.v); ++i)
     c_.v.chan(i, column) = cellLevel(cueCell(c_.v, row, i));
 }
@@ -99,7 +100,9 @@ void Memories::PassaPrograma() {
   const long row = nextCue();
   const Value f = cueCell(v, row, cue::kFunction);
   if (copiesProgToStage(f)) {
-    for (int i = 1; i <= channelsInUse(v); ++i) v.chan(i, kStageColumn) = v.chan(i, kProgColumn);
+    auto batch = v.ChanTable.changes.batch();
+    for (int i = 1; i <= channelsInUse(v); ++i)
+      v.ChanTable.set(i, kStageColumn, v.ChanTable.get(i, kProgColumn));
   } else if (passFunction) {
     passFunction(row, f);
   }
@@ -109,7 +112,6 @@ void Memories::PassaPrograma() {
   v.MixDirty = kTrue;
   setNextCue(nextCue() + 1);
   LoadCueinProg(nextCue());
-  if (onCuePaneRedraw) onCuePaneRedraw();
 }
 
 std::optional<int16_t> Memories::askNumber(const std::string& title) {
@@ -189,6 +191,7 @@ void Memories::save(TextBox& mem, TextBox& name, bool fromOutput) {
 
   const auto r = int16_t(row);
   const FadeTimes& t = c_.fadeTimes;
+  auto batch = v.Cues.changes.batch();
   v.Cues.setCell(r, cue::kNumber, mem.text());
   v.Cues.setCell(r, cue::kFunction, std::string("1"));
   v.Cues.setCell(r, cue::kName, name.text());
@@ -201,7 +204,6 @@ void Memories::save(TextBox& mem, TextBox& name, bool fromOutput) {
     const uint8_t level = fromOutput ? v.MixBuffer[i - 1] : v.chan(i, kProgColumn);
     v.Cues.setCell(r, int16_t(i), level == 0 ? Value{} : Value{level});
   }
-  if (onCueListRedraw) onCueListRedraw();
 }
 
 void Memories::loadInProg(long row) {

@@ -63,11 +63,6 @@ class Memories {
   // that has nothing to show.
   std::function<void(long row, int player)> loadPlayerCue;
 
-  // Windows that show cues and want to hear of changes: the cue list after a
-  // save, the matrix view's cue pane after a pass.
-  std::function<void()> onCueListRedraw;
-  std::function<void()> onCuePaneRedraw;
-
  private:
   // The answer of a load prompt as a 16-bit number; nothing for Cancel or a non-number.
   std::optional<int16_t> askNumber(const std::string& title);

@@ -18,6 +18,7 @@ int editColumnIndex(const LineReader& r, const Variables& v) {
 }  // namespace
 
 void LoadChannels(Console& c, const std::string& path) {
+  auto batch = c.v.ChanTable.changes.batch();
   LineReader r(path);
   DirtyOnExit dirty(c.v);
   Variables& v = c.v;

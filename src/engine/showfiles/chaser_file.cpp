@@ -10,6 +10,7 @@
 namespace q {
 
 void LoadChaser(Console& c, const std::string& path, int chaser) {
+  auto batch = c.v.fxData(chaser).changes.batch();
   LineReader r(path);
   DirtyOnExit dirty(c.v);
   Variables& v = c.v;

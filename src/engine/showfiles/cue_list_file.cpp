@@ -193,6 +193,7 @@ void LoadCueList(Console& c, const std::string& path) {
   c.files.cueListFileName = path;
   // Opened before the wipe: a file that isn't there leaves the list as it was.
   LineReader r(path);
+  auto batch = c.v.Cues.changes.batch();
   wipeCues(c.v);
   readCueLines(c, r, true);
 }
@@ -220,6 +221,7 @@ void SaveCueClipboard(Console& c, const std::string& path, int16_t row) {
 
 void PasteCueClipboard(Console& c, const std::string& path) {
   LineReader r(path);
+  auto batch = c.v.Cues.changes.batch();
   readCueLines(c, r, false);
 }
 

@@ -10,6 +10,7 @@
 namespace q {
 
 void LoadPatch(Console& c, const std::string& path) {
+  auto batch = c.v.PatchMap.changes.batch();
   LineReader r(path);
   DirtyOnExit dirty(c.v);
   Variables& v = c.v;

@@ -207,11 +207,6 @@ std::string ShowFiles::channelClipboardPath() const { return c_.homeDir() + "/te
 std::string ShowFiles::cueClipboardPath() const { return c_.homeDir() + "/tempcue.qcl"; }
 std::string ShowFiles::printListPath() const { return c_.homeDir() + "/temp.qcl"; }
 
-void ShowFiles::columnChanged() {
-  if (onColumnChanged) onColumnChanged();
-  c_.v.MixDirty = kTrue;
-}
-
 void ShowFiles::mnuChanCopy() {
   const std::string path = channelClipboardPath();
   trySave(path, [&] { SaveChannels(c_, path, ""); });
@@ -233,8 +228,9 @@ void ShowFiles::mnuChanZero() {
   Variables& v = c_.v;
   if (v.EditColumn < 1 || v.EditColumn > kColumns) return;
   const int channels = std::clamp<int>(v.MaxChans, 0, kChannels);
-  for (int ch = 1; ch <= channels; ++ch) v.chan(ch, v.EditColumn - 1) = 0;
-  columnChanged();
+  auto batch = v.ChanTable.changes.batch();
+  for (int ch = 1; ch <= channels; ++ch) v.ChanTable.set(ch, v.EditColumn - 1, 0);
+  c_.v.MixDirty = kTrue;
 }
 
 void ShowFiles::mnuLoadChan() {
@@ -244,7 +240,7 @@ void ShowFiles::mnuLoadChan() {
   // Not emptied first and not tested: a cancel loads what the chooser last held.
   const std::string name = d.FileName;
   tryLoad(name, [&] { LoadChannels(c_, name); });
-  columnChanged();
+  c_.v.MixDirty = kTrue;
 }
 
 void ShowFiles::mnuSaveChan() {

@@ -50,12 +50,9 @@ class ShowFiles {
 
   // The cue list's current file name: the last one loaded or saved.
   std::string cueListFileName;
-  // The matrix view repaints its column when a menu here changed it.
-  std::function<void()> onColumnChanged;
 
  private:
   void showError(const std::string& text);
-  void columnChanged();
   Console& c_;
 };
 

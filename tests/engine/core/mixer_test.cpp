@@ -185,7 +185,7 @@ TEST_F(MixerTest, InterfaceEightGetsEachMasteredChannelWithoutBypass) {
   std::vector<std::pair<int, int>> got;
   console().mixer.perChannelOutput = [&](int ch, uint8_t val) { got.push_back({ch, val}); };
   int repaints = 0;
-  console().mixer.onOutputStripRepaint = [&] { ++repaints; };
+  console().mixer.outputMixed.add([&] { ++repaints; });
   v().InterfaceType = 8;
   v().MaxChans = 20;
   v().chan(2, kStageColumn) = 100;

@@ -48,7 +48,7 @@ TEST_F(DirectTest, ExamplesWriteTheSelectedColumn) {
       {"1/3+4d10", {{1, 0}, {2, 50}, {3, 100}, {4, 30}}, {{1, 0}, {2, 25}, {3, 75}, {4, 5}}},
   };
   for (const Case& c : cases) {
-    v().ChanTable = {};
+    v().ChanTable.clear();
     levels(c.before);
     run(c.typed);
     for (auto [ch, lv] : c.after) EXPECT_EQ(at(ch), lv) << c.typed << " channel " << ch;
