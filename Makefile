@@ -1,7 +1,7 @@
 # The two commands of the README:
 #   make run    installs what is missing, builds, and starts the console
 #   make test   installs what is missing, builds with AddressSanitizer and UBSan, runs every test
-# Other targets: make build, make bench, make deps, make format.
+# Other targets: make build, make bench, make deps, make format, make format-check.
 
 JOBS ?= $(shell nproc)
 BUILD ?= build
@@ -10,7 +10,7 @@ BENCH_BUILD ?= build-release
 CMAKE_FLAGS ?=
 LAUNCHER := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 
-.PHONY: run test build bench deps format
+.PHONY: run test build bench deps format format-check
 
 deps:
 	@bash scripts/install-deps.sh
@@ -27,7 +27,7 @@ run: build
 	./$(BUILD)/src/quintara $(ARGS)
 
 $(TEST_BUILD)/build.ninja:
-	cmake -S . -B $(TEST_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DQUINTARA_SANITIZE=ON $(LAUNCHER) $(CMAKE_FLAGS)
+	cmake -S . -B $(TEST_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DQUINTARA_SANITIZE=ON -DQUINTARA_WERROR=ON $(LAUNCHER) $(CMAKE_FLAGS)
 
 test: deps $(TEST_BUILD)/build.ninja
 	cmake --build $(TEST_BUILD) -j $(JOBS)
@@ -46,3 +46,7 @@ bench: deps $(BENCH_BUILD)/build.ninja
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+# Fails on any file that clang-format would change.
+format-check:
+	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run -Werror
