@@ -5,9 +5,10 @@
 
 #include "desk_fixture.h"
 #include "engine/look/bitmap.h"
-#include "gui/desk/desk_menus.h"
 #include "gui/desk/fader_widget.h"
-#include "gui/desk/text_box_view.h"
+#include "gui/views/menu_view.h"
+#include "gui/views/text_box_view.h"
+#include "gui/views/window_host.h"
 
 namespace q {
 namespace {
@@ -48,11 +49,13 @@ TEST_F(DeskTest, MenuBarHoldsTheConsoleMenusInOrder) {
 }
 
 TEST_F(DeskTest, MenuItemsFollowTheConsoleAndWindowsToComeStayDisabled) {
-  gui::DeskMenus& m = desk().menus();
+  gui::MenuView& m = desk().menus();
   EXPECT_TRUE(m.action("mnuNew")->isEnabled());
   EXPECT_TRUE(m.action("mnuBackground")->isEnabled());
-  for (const char* w : {"mnuCueList", "mnuMatrix", "mnuPatch", "mnuInterface", "mnuMidiSetup"})
+  for (const char* w : {"mnuCueList", "mnuMatrix", "mnuPatch"})
     EXPECT_FALSE(m.action(w)->isEnabled()) << w;
+  for (const char* w : {"mnuInterface", "mnuMidiSetup", "mnuTecles", "mnuAbout"})
+    EXPECT_TRUE(m.action(w)->isEnabled()) << w;
   EXPECT_TRUE(m.action("mnuScreenOutput")->isChecked());
   m.action("mnuValue(2)")->trigger();
   EXPECT_EQ(v().ValuesMode, 2);

@@ -43,9 +43,10 @@ void Control::dblClick(const MouseEvent& e) {
   if (onDblClick) onDblClick(e);
 }
 
-void Control::keyPress(int code) {
+int Control::keyPress(int code) {
   HandlerScope scope;
   if (onKeyPress) onKeyPress(code);
+  return code;
 }
 
 void Control::drop(const std::string& path, MouseButton b) {

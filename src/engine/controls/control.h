@@ -67,7 +67,8 @@ class Control {
   void mouseMove(const MouseEvent& e);
   void click();
   void dblClick(const MouseEvent& e = {});
-  void keyPress(int code);
+  // Returns the code after the handler: 0 when it swallowed the key.
+  int keyPress(int code);
   void drop(const std::string& path, MouseButton b = MouseButton::Left);
   bool takesMouse() const { return onMouseDown || onMouseUp || onClick || onDblClick; }
 
@@ -77,6 +78,10 @@ class Control {
   // Called once, as the control is destroyed.
   int addDestroyListener(ViewListener l) { return destroyed_.add(std::move(l)); }
   void removeDestroyListener(int id) { destroyed_.remove(id); }
+  // The console gives the control the focus (the keys go to it next).
+  void requestFocus() { focus_.notify(); }
+  int addFocusListener(ViewListener l) { return focus_.add(std::move(l)); }
+  void removeFocusListener(int id) { focus_.remove(id); }
 
  protected:
   void notifyView() { changed_.notify(); }
@@ -87,6 +92,7 @@ class Control {
   bool visible_ = true;
   Listeners<> changed_;
   Listeners<> destroyed_;
+  Listeners<> focus_;
 };
 
 }  // namespace q

@@ -18,11 +18,19 @@ class Lamp : public Control {
     notifyView();
   }
   std::string toolTip;
+  // A picture box of a dialog may carry a border that marks it as chosen.
+  bool border() const { return border_; }
+  void setBorder(bool b) {
+    if (b == border_) return;
+    border_ = b;
+    notifyView();
+  }
 
   std::string value() const override { return picture_; }
 
  private:
   std::string picture_;
+  bool border_ = false;
 };
 
 }  // namespace q

@@ -16,6 +16,13 @@ void Window::unregisterControls() {
   registry_.remove(form_);
 }
 
+std::vector<MenuItem*> Window::menuItems() const {
+  std::vector<MenuItem*> items;
+  for (const auto& c : controls_)
+    if (auto* m = dynamic_cast<MenuItem*>(c.get())) items.push_back(m);
+  return items;
+}
+
 void Window::setCaption(std::string c) {
   if (c == form_.caption) return;
   form_.caption = std::move(c);

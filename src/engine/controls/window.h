@@ -82,6 +82,11 @@ class Window {
   std::function<void(Window&)> forget;
   // Forgets every control's name (the catalogue, as the window unloads).
   void unregisterControls();
+  // The window's menu items in the order they were made: the bar's menus
+  // (no parent) each followed by their items.
+  std::vector<MenuItem*> menuItems() const;
+  // The background of a secondary window, taken from the skin as it loads; -1: the view's.
+  int backColor = -1;
 
  protected:
   // Creates a control owned by this window and registers it by its qualified name.

@@ -1,5 +1,7 @@
 #include "engine/core/console.h"
 
+#include "engine/look/about_window.h"
+
 namespace q {
 
 void registerCoreValues(Console& c);  // core_values.cpp
@@ -44,6 +46,7 @@ Console::Console(ConsoleHost host)
       form1(registry, scheduler) {
   registerCoreValues(*this);
   wireMainMenu();
+  addAboutWindow(*this);
   windows.enableOpeners();
 }
 

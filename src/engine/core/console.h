@@ -99,6 +99,9 @@ class Console {
   // The desk hooks its picture work into the load sequence.
   std::function<void()> loadBackground;
   std::function<void()> skinMe;
+  // The About window's link and system key; the desk opens and shows them.
+  std::function<void()> onOpenDocumentation;
+  std::function<void()> onSystemInformation;
 
   MediaPlayer& WMP(int k) { return *host_.players[k & 1]; }
 

@@ -90,8 +90,9 @@ void KeyboardControl::toggleKeyboardControl() {
   MenuItem& m = c_.form1.menu("mnukeyboard");
   m.setChecked(!m.checked());
   setTextControlsEnabled(!m.checked());
-  if (!m.checked() && onSetFocus)
-    if (Control* direct = c_.registry.find("Direct")) onSetFocus(*direct);
+  // The command line takes the keys again.
+  if (!m.checked())
+    if (Control* direct = c_.registry.find("Direct")) direct->requestFocus();
 }
 
 void KeyboardControl::setTextControlsEnabled(bool enabled) {

@@ -20,8 +20,6 @@ class KeyboardControl {
 
   // mnukeyboard: keyboard control on or off.
   void toggleKeyboardControl();
-  // Asks the desk to put the caret in a control (Direct when keyboard control ends).
-  std::function<void(Control&)> onSetFocus;
 
  private:
   void walkKeyTable();

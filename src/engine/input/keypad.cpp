@@ -38,6 +38,7 @@ int keyOfChar(int keyAscii) {
 Tecles::Tecles(Console& c) : Window(c.registry, "Tecles"), c_(c) {
   setCaption("Keyboard");
   stayOnTop = true;
+  backColor = c.colors.SkinBackColor;
   // Keys typed while the keypad has the focus.
   form().onKeyPress = [this](int& keyAscii) { keyPress(keyAscii); };
   for (int i = 0; i < kKeys; ++i) {

@@ -38,7 +38,7 @@ MidiSetupForm::MidiSetupForm(Console& c)
       c_(c) {
   for (int i = 1; i <= kBoxes; ++i) {
     txt_[i - 1] = &add<TextBox>(indexed("txtMIDI", i), "0");
-    add<Label>(indexed("lblMIDI", i), boxLabel(i));
+    labels_[i - 1] = &add<Label>(indexed("lblMIDI", i), boxLabel(i));
   }
   for (int ch = 1; ch <= 16; ++ch) ComboChannel.addItem(std::to_string(ch));
   for (const char* p : {"-none-", "All to zero", "Yamaha 01v (1)", "Yamaha 01v (2)", "1 to 1"})

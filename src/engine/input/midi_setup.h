@@ -24,6 +24,8 @@ class MidiSetupForm : public Window {
   ListBox& Combo1;
   // 1: SMaster, 2: Xfader, 3..22: strips 1 to 20.
   TextBox& txtMIDI(int i) { return *txt_.at(i - 1); }
+  // The caption beside each box: "Master:", "Crossfade:", "SubMaster 1:" ...
+  Label& lblMIDI(int i) { return *labels_.at(i - 1); }
   Label& CmdOk;
   Label& CmdCancel;
 
@@ -36,6 +38,7 @@ class MidiSetupForm : public Window {
  private:
   Console& c_;
   std::array<TextBox*, 22> txt_{};
+  std::array<Label*, 22> labels_{};
 };
 
 }  // namespace q

@@ -13,12 +13,6 @@ constexpr int kLpt2Base = 632;
 const char* const kChannelChoices[] = {"512", "256", "128", "64", "32", "16", "8"};
 }  // namespace
 
-bool ComboText::setValue(int index) {
-  if (index < 0 || index >= int(items.size())) return false;
-  setText(items[size_t(index)]);
-  return true;
-}
-
 Refreshrate::Refreshrate(Console& c)
     : Window(c.registry, "Refreshrate"),
       ComboDevice(add<ListBox>("ComboDevice")),
@@ -99,6 +93,7 @@ void Refreshrate::load() {
   Combo1.setText(std::to_string(v.MaxChans));
   CmbLPT.setListIndex(v.PortBase == kLpt2Base ? 1 : 0);
   frameBackColor = c_.colors.SkinBackColor;
+  backColor = c_.colors.SkinBackColor;
 }
 
 void Refreshrate::deviceChosen() {

@@ -9,20 +9,12 @@
 #include <array>
 #include <string>
 
+#include "engine/controls/combo_text.h"
 #include "engine/controls/window.h"
 
 namespace q {
 
 class Console;
-
-// An editable list: a text box with a list of items to pick from.
-class ComboText : public TextBox {
- public:
-  using TextBox::TextBox;
-  std::vector<std::string> items;
-  // `set`: picks the item of that index.
-  bool setValue(int index) override;
-};
 
 class Refreshrate : public Window {
  public:

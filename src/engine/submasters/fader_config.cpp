@@ -18,11 +18,11 @@ FaderConfig::FaderConfig(Console& c)
       c_(c) {
   for (const FunctionWord& f : kFunctionWords) Tipus.addItem(std::string(f.text));
   for (int i = 0; i < 5; ++i) {
-    colors_[i] = &add<ChoiceImage>(indexed("PicColor", i));
+    colors_[i] = &add<Lamp>(indexed("PicColor", i));
     colors_[i]->onClick = [this, i] { colorClick(i); };
   }
   for (int i = 1; i <= 4; ++i) {
-    knobs_[i - 1] = &add<ChoiceImage>(indexed("Knob", i));
+    knobs_[i - 1] = &add<Lamp>(indexed("Knob", i));
     knobs_[i - 1]->onClick = [this, i] { knobClick(i); };
   }
   setCaption("SliderConfig");

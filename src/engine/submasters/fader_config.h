@@ -13,21 +13,6 @@ namespace q {
 
 class Console;
 
-// A picture box of the dialog that can carry a selection border.
-class ChoiceImage : public Lamp {
- public:
-  using Lamp::Lamp;
-  bool border() const { return border_; }
-  void setBorder(bool b) {
-    if (b == border_) return;
-    border_ = b;
-    notifyView();
-  }
-
- private:
-  bool border_ = false;
-};
-
 class FaderConfig : public Window {
  public:
   explicit FaderConfig(Console& c);
@@ -46,8 +31,8 @@ class FaderConfig : public Window {
   TextBox& txtMidiChannel;
   TextBox& Tooltip;
   Label& APPLY;
-  ChoiceImage& PicColor(int i) { return *colors_.at(i); }
-  ChoiceImage& Knob(int i) { return *knobs_.at(i - 1); }
+  Lamp& PicColor(int i) { return *colors_.at(i); }
+  Lamp& Knob(int i) { return *knobs_.at(i - 1); }
 
   int SelectedColor = 0;
   int SelectedKnob = 0;
@@ -57,8 +42,8 @@ class FaderConfig : public Window {
   void placeFader(int n, const std::string& word);
 
   Console& c_;
-  std::array<ChoiceImage*, 5> colors_{};
-  std::array<ChoiceImage*, 4> knobs_{};
+  std::array<Lamp*, 5> colors_{};
+  std::array<Lamp*, 4> knobs_{};
 };
 
 }  // namespace q

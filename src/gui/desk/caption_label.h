@@ -5,40 +5,28 @@
 // to the label's control; a label whose control takes none lets them through
 // to what lies under it.
 
-#include <QWidget>
-
 #include "engine/look/desk_layout.h"
 #include "gui/desk/desk_context.h"
-
-namespace q {
-class Label;
-}
+#include "gui/views/label_view.h"
 
 namespace q::gui {
 
-class CaptionLabel : public QWidget {
+class CaptionLabel : public LabelView {
   Q_OBJECT
  public:
   CaptionLabel(DeskContext& ctx, Label* model, const look::DeskItem& item, QWidget* parent);
 
-  QString text() const;
+  // A label the layout names without a control shows the layout's own words.
+  QString text() const override;
 
  protected:
-  void paintEvent(QPaintEvent*) override;
-  void mousePressEvent(QMouseEvent* e) override;
-  void mouseReleaseEvent(QMouseEvent* e) override;
-  void mouseDoubleClickEvent(QMouseEvent* e) override;
-  void dragEnterEvent(QDragEnterEvent* e) override;
-  void dropEvent(QDropEvent* e) override;
+  QColor textColour() const override;
+  QFont textFont() const override;
+  int padding() const override;
 
  private:
-  QColor textColour() const;
-  void syncFromModel();
-
   DeskContext& ctx_;
-  Label* model_;
   const look::DeskItem& item_;
-  ViewBinding binding_;
 };
 
 }  // namespace q::gui

@@ -6,11 +6,11 @@
 #include "engine/core/console.h"
 #include "gui/desk/caption_label.h"
 #include "gui/desk/desk_player.h"
+#include "gui/desk/desk_text_box.h"
 #include "gui/desk/fader_widget.h"
 #include "gui/desk/image_button.h"
 #include "gui/desk/picture_views.h"
-#include "gui/desk/scroll_bar_view.h"
-#include "gui/desk/text_box_view.h"
+#include "gui/views/scroll_bar_view.h"
 
 namespace q::gui {
 
@@ -54,7 +54,7 @@ QWidget* DeskSurface::build(const look::DeskItem& item, DeskPlayer* players[2]) 
     case look::ItemKind::Label:
       return new CaptionLabel(ctx_, dynamic_cast<Label*>(control), item, this);
     case look::ItemKind::TextBox:
-      if (auto* t = dynamic_cast<TextBox*>(control)) return new TextBoxView(ctx_, *t, item, this);
+      if (auto* t = dynamic_cast<TextBox*>(control)) return new DeskTextBox(ctx_, *t, item, this);
       return nullptr;
     case look::ItemKind::Picture:
       if (auto* pic = dynamic_cast<Picture*>(control)) {

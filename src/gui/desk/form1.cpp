@@ -16,12 +16,14 @@
 #include <cmath>
 
 #include "engine/core/console.h"
-#include "gui/desk/about_dialog.h"
-#include "gui/desk/desk_menus.h"
 #include "gui/desk/desk_surface.h"
+#include "gui/desk/desk_windows.h"
 #include "gui/desk/image_button.h"
 #include "gui/desk/key_codes.h"
 #include "gui/desk/open_file.h"
+#include "gui/views/control_events.h"
+#include "gui/views/menu_view.h"
+#include "gui/views/window_host.h"
 
 namespace q::gui {
 
@@ -49,7 +51,15 @@ Form1::Form1(DeskContext& ctx, DeskPlayer* players[2]) : ctx_(ctx) {
   dark.setColor(QPalette::ToolTipBase, QColor(0x1A, 0x1D, 0x22));
   dark.setColor(QPalette::ToolTipText, QColor(0xE8, 0xEC, 0xF2));
   setPalette(dark);
-  menus_ = new DeskMenus(c.form1, menuBar());
+  windows_ = new WindowHost(ctx, this);
+  addDeskWindows(*windows_);
+  menus_ = new MenuView(c.form1.menuBar(), menuBar(), this);
+  // An item that opens a window the desk cannot show yet stays disabled.
+  menus_->mayChoose = [this](const std::string& item) {
+    const WindowEntry* w = WindowCatalogue::openedBy(item);
+    return !w || windows_->canShow(std::string(w->name));
+  };
+  menus_->syncAll();
   menus_->afterChoice = [this] { closeIfConsoleClosed(); };
   scroll_ = new QScrollArea(this);
   scroll_->setAlignment(Qt::AlignCenter);
@@ -61,7 +71,6 @@ Form1::Form1(DeskContext& ctx, DeskPlayer* players[2]) : ctx_(ctx) {
 
   c.liveDisplay.onPopupMenu = [this](const std::string& menu) { menus_->popup(menu); };
   c.submasters.onPopupLabelMenu = [this] { menus_->popup("mnuLabel"); };
-  c.form1.menu("mnuAbout").onClick = [this] { showAbout(); };
   formListener_ = c.form1.changed.add([this] { followConsoleWindow(); });
   lookListener_ = c.look.addListener([this] {
     ctx_.sheet.clearCache();
@@ -92,7 +101,6 @@ Form1::~Form1() {
   c.look.removeListener(lookListener_);
   c.liveDisplay.onPopupMenu = nullptr;
   c.submasters.onPopupLabelMenu = nullptr;
-  c.form1.menu("mnuAbout").onClick = nullptr;
   c.form1.changed.remove(formListener_);
 }
 
@@ -152,11 +160,6 @@ void Form1::followConsoleWindow() {
     shownOnce_ = true;
     show();
   }
-}
-
-void Form1::showAbout() {
-  AboutDialog about(this);
-  about.exec();
 }
 
 void Form1::closeIfConsoleClosed() {

@@ -13,9 +13,10 @@ class QTimer;
 
 namespace q::gui {
 
-class DeskMenus;
+class MenuView;
 class DeskPlayer;
 class DeskSurface;
+class WindowHost;
 
 class Form1 : public QMainWindow {
   Q_OBJECT
@@ -23,7 +24,8 @@ class Form1 : public QMainWindow {
   Form1(DeskContext& ctx, DeskPlayer* players[2]);
   ~Form1() override;
 
-  DeskMenus& menus() { return *menus_; }
+  MenuView& menus() { return *menus_; }
+  WindowHost& windows() { return *windows_; }
   DeskSurface& desk() { return *desk_; }
   // The zoom that fits the desk on this window's screen.
   double fittingZoom() const;
@@ -31,7 +33,6 @@ class Form1 : public QMainWindow {
   void applyZoom();
   // A zoom given on the command line, over the setting (0: none).
   void setZoomOverride(double z);
-  void showAbout();
 
  signals:
   // The window is closing: the console has unloaded.
@@ -53,7 +54,8 @@ class Form1 : public QMainWindow {
   bool typingInTextBox() const;
 
   DeskContext& ctx_;
-  DeskMenus* menus_ = nullptr;
+  MenuView* menus_ = nullptr;
+  WindowHost* windows_ = nullptr;
   DeskSurface* desk_ = nullptr;
   QScrollArea* scroll_ = nullptr;
   int lookListener_ = 0;

@@ -7,6 +7,7 @@
 #include "engine/controls/picture.h"
 #include "engine/core/console.h"
 #include "gui/desk/image_button.h"
+#include "gui/views/control_events.h"
 
 namespace q::gui {
 

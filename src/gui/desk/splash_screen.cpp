@@ -3,7 +3,7 @@
 #include <QLinearGradient>
 #include <QPainter>
 
-#include "gui/desk/about_dialog.h"
+#include "gui/desk/program_pages.h"
 
 namespace q::gui {
 
@@ -44,8 +44,7 @@ void SplashScreen::paintEvent(QPaintEvent*) {
   p.setPen(QColor(0xC9, 0xCF, 0xD8));
   p.drawText(QRect(0, 122, width(), 22), Qt::AlignCenter, tr("Theatre lighting console"));
   p.setPen(QColor(0x6E, 0x77, 0x84));
-  p.drawText(QRect(0, 146, width(), 20), Qt::AlignCenter,
-             tr("Version %1").arg(AboutDialog::version()));
+  p.drawText(QRect(0, 146, width(), 20), Qt::AlignCenter, tr("Version %1").arg(programVersion()));
   small.setPixelSize(11);
   p.setFont(small);
   p.drawText(QRect(0, 196, width(), 20), Qt::AlignCenter, tr("Click or press a key to go on"));

@@ -21,6 +21,8 @@ class ViewBinding {
   ViewBinding& operator=(const ViewBinding&) = delete;
 
   void bind(Control* c, std::function<void()> onChange);
+  // Also hears when the console gives the control the focus.
+  void bindFocus(std::function<void()> onFocus);
   void unbind();
   // The bound control, or null once it is gone.
   Control* control() const { return control_; }
@@ -36,6 +38,7 @@ class ViewBinding {
   Control* control_ = nullptr;
   int changeId_ = 0;
   int goneId_ = 0;
+  int focusId_ = 0;
 };
 
 }  // namespace q::gui

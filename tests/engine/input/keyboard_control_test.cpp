@@ -88,7 +88,8 @@ TEST_F(Keyboard, FadersStopAtTheirEnds) {
 
 TEST_F(Keyboard, KeyboardControlPutsTheTextBoxesAside) {
   Control* focused = nullptr;
-  kb().onSetFocus = [&](Control& c) { focused = &c; };
+  Control& commandLine = control("Direct");
+  commandLine.addFocusListener([&] { focused = &commandLine; });
   keyboardControl(true);
   EXPECT_EQ(get("mnukeyboard"), "-1");
   for (int n = 3; n <= 22; ++n) EXPECT_FALSE(form1().Slabel(n).enabled());

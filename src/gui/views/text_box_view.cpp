@@ -1,4 +1,4 @@
-#include "gui/desk/text_box_view.h"
+#include "gui/views/text_box_view.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -8,68 +8,55 @@
 namespace q::gui {
 
 namespace {
+QColor rgb(int v) { return QColor::fromRgb(QRgb(0xFF000000u | unsigned(v))); }
 constexpr int kText = 0xE8ECF2;
 constexpr int kBack = 0x0B0D10;
 }  // namespace
 
-int keyAscii(const QKeyEvent& e) {
-  switch (e.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return 13;
-    case Qt::Key_Backspace:
-      return 8;
-    case Qt::Key_Escape:
-      return 27;
-    case Qt::Key_Tab:
-      return 9;
-    default:
-      break;
-  }
-  const QString t = e.text();
-  if (t.size() != 1) return 0;
-  const ushort u = t.at(0).unicode();
-  return u >= 32 && u < 0x7F ? u : (u >= 0xA0 && u <= 0xFF ? u : 0);
-}
-
-TextBoxView::TextBoxView(DeskContext& ctx, TextBox& model, const look::DeskItem& item,
-                         QWidget* parent)
-    : QLineEdit(parent), ctx_(ctx), model_(model), item_(item) {
-  setObjectName(QString::fromStdString(item.control));
+TextBoxView::TextBoxView(TextBox& model, QWidget* parent) : QLineEdit(parent) {
+  setObjectName(QString::fromStdString(model.name()));
   setFrame(false);
   setTextMargins(2, 0, 2, 0);
-  setAlignment(item.align == look::Align::Center ? Qt::AlignCenter : Qt::AlignLeft);
-  connect(this, &QLineEdit::textEdited, this,
-          [this](const QString& t) { model_.setText(t.toStdString()); });
-  binding_.bind(&model_, [this] { syncFromModel(); });
+  connect(this, &QLineEdit::textEdited, this, [this](const QString& t) {
+    if (TextBox* m = this->model()) m->setText(t.toStdString());
+  });
+  binding_.bind(&model, [this] { syncFromModel(); });
+  binding_.bindFocus([this] { setFocus(Qt::OtherFocusReason); });
   syncFromModel();
 }
 
+TextBox* TextBoxView::model() const { return binding_.as<TextBox>(); }
+
 void TextBoxView::syncFromModel() {
-  const QString t = QString::fromStdString(model_.text());
+  TextBox* m = model();
+  if (!m) return;
+  const QString t = QString::fromStdString(m->text());
   if (t != text()) {
     setText(t);
     // A name longer than its box shows its beginning.
     if (!hasFocus()) setCursorPosition(0);
   }
-  setVisible(model_.visible());
-  setEnabled(model_.enabled());
-  setToolTip(QString::fromStdString(model_.toolTip));
+  setVisible(m->visible());
+  setEnabled(m->enabled());
+  setToolTip(QString::fromStdString(m->toolTip));
   applyStyle();
 }
 
 void TextBoxView::applyStyle() {
-  const TextStyle& s = model_.style;
-  QFont f = ctx_.font(item_.fontPx, s.bold, item_.fontPx <= 9);
+  TextBox* m = model();
+  if (!m) return;
+  const TextStyle& s = m->style;
+  QFont f = baseFont();
+  if (s.bold) f.setBold(true);
   if (!s.fontName.empty()) f.setFamily(QString::fromStdString(s.fontName));
-  // A chosen size is in points, as the font dialog gives it; the desk scales it with the rest.
-  if (s.fontSize > 0) f.setPixelSize(std::max(6, int(s.fontSize * 4.0 / 3.0 * ctx_.zoom())));
+  // A chosen size is in points, as the font dialog gives it.
+  if (s.fontSize > 0) f.setPixelSize(std::max(6, int(s.fontSize * pixelsPerPoint())));
   f.setItalic(s.italic);
   f.setUnderline(s.underline);
   f.setStrikeOut(s.strikeout);
   if (f != font()) setFont(f);
-  const QColor fg = DeskContext::colour(s.foreColor >= 0 ? s.foreColor : kText);
-  const QColor bg = DeskContext::colour(s.backColor >= 0 ? s.backColor : kBack);
+  const QColor fg = rgb(s.foreColor >= 0 ? s.foreColor : kText);
+  const QColor bg = rgb(s.backColor >= 0 ? s.backColor : kBack);
   // Colours through the palette: a style sheet on every box would slow the desk's start.
   QPalette pal = palette();
   pal.setColor(QPalette::Base, bg);
@@ -91,8 +78,9 @@ void TextBoxView::paintEvent(QPaintEvent* e) {
 
 void TextBoxView::keyPressEvent(QKeyEvent* e) {
   int code = keyAscii(*e);
-  if (code && model_.onKeyPress) {
-    model_.onKeyPress(code);
+  TextBox* m = model();
+  if (code && m && m->onKeyPress) {
+    code = m->keyPress(code);
     // The console swallowed the key.
     if (code == 0) return e->accept();
   }
@@ -102,17 +90,17 @@ void TextBoxView::keyPressEvent(QKeyEvent* e) {
 
 void TextBoxView::focusInEvent(QFocusEvent* e) {
   QLineEdit::focusInEvent(e);
-  if (model_.onGotFocus) model_.onGotFocus();
+  if (TextBox* m = model(); m && m->onGotFocus) m->onGotFocus();
 }
 
 void TextBoxView::focusOutEvent(QFocusEvent* e) {
   QLineEdit::focusOutEvent(e);
-  if (model_.onLostFocus) model_.onLostFocus();
+  if (TextBox* m = model(); m && m->onLostFocus) m->onLostFocus();
 }
 
 void TextBoxView::mouseDoubleClickEvent(QMouseEvent* e) {
   QLineEdit::mouseDoubleClickEvent(e);
-  model_.dblClick();
+  if (TextBox* m = model()) m->dblClick();
 }
 
 }  // namespace q::gui

@@ -1,0 +1,53 @@
+#include "gui/desk/desk_windows.h"
+
+#include <QDesktopServices>
+#include <QMessageBox>
+#include <QSysInfo>
+#include <QThread>
+#include <QUrl>
+
+#include "engine/core/console.h"
+#include "gui/desk/program_pages.h"
+#include "gui/views/window_host.h"
+#include "gui/windows/about_window.h"
+#include "gui/windows/fader_config_window.h"
+#include "gui/windows/interface_setup_window.h"
+#include "gui/windows/keypad_window.h"
+#include "gui/windows/midi_setup_window.h"
+
+namespace q::gui {
+
+namespace {
+// The machine as the console runs on it: what an operator reads out to support.
+QString systemInformation() {
+  return QObject::tr("System: %1\nKernel: %2 %3\nProcessor: %4, %5 threads\nHost: %6")
+      .arg(QSysInfo::prettyProductName(), QSysInfo::kernelType(), QSysInfo::kernelVersion(),
+           QSysInfo::currentCpuArchitecture())
+      .arg(QThread::idealThreadCount())
+      .arg(QSysInfo::machineHostName());
+}
+}  // namespace
+
+void addDeskWindows(WindowHost& host) {
+  host.addBuilder("Config", buildFaderConfigWindow);
+  host.addBuilder("MIDISetupForm", buildMidiSetupWindow);
+  host.addBuilder("Tecles", buildKeypadWindow);
+  host.addBuilder("Refreshrate", buildInterfaceSetupWindow);
+  host.addBuilder("frmAbout", buildAboutWindow);
+
+  Console& c = host.console();
+  // Links open through the desktop's own handler.
+  c.interfaces.openLink = [](const std::string& url) {
+    QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+  };
+  c.onOpenDocumentation = [] {
+    const QString page = documentationPage();
+    if (!page.isEmpty()) QDesktopServices::openUrl(QUrl(page));
+  };
+  QWidget* parent = host.mainWindow();
+  c.onSystemInformation = [parent] {
+    QMessageBox::information(parent, QObject::tr("System Info"), systemInformation());
+  };
+}
+
+}  // namespace q::gui

@@ -1,0 +1,128 @@
+#include "gui/views/cell_grid_view.h"
+
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+#include "engine/controls/cell_grid.h"
+
+namespace q::gui {
+
+namespace {
+QColor rgb(int v) { return QColor::fromRgb(QRgb(0xFF000000u | unsigned(v))); }
+}  // namespace
+
+CellGridView::CellGridView(CellGrid& model, double scale, QWidget* parent)
+    : QWidget(parent), mouse_(1 / scale), scale_(scale) {
+  setObjectName(QString::fromStdString(model.name()));
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  binding_.bind(&model, [this] { syncFromModel(); });
+  cellsListener_ = model.cells.listen([this](const TableChange& c) { cellsChanged(c); });
+  binding_.onGone = [this] { cellsListener_ = 0; };
+  syncFromModel();
+}
+
+CellGridView::~CellGridView() {
+  if (CellGrid* m = model(); m && cellsListener_) m->cells.unlisten(cellsListener_);
+}
+
+CellGrid* CellGridView::model() const { return binding_.as<CellGrid>(); }
+
+void CellGridView::setScale(double scale) {
+  scale_ = scale;
+  mouse_.setUnitsPerPixel(1 / scale);
+  update();
+}
+
+void CellGridView::syncFromModel() {
+  CellGrid* m = model();
+  if (!m) return;
+  setVisible(m->visible());
+  setEnabled(m->enabled());
+  update();
+}
+
+QRect CellGridView::cellRect(int row, int column) const {
+  const CellGrid* m = model();
+  if (!m) return {};
+  // Edges are rounded, not sizes, so neighbouring cells always touch.
+  const int x0 = int(std::lround(column * m->cellWidth * scale_));
+  const int y0 = int(std::lround(row * m->cellHeight * scale_));
+  const int x1 = int(std::lround((column + 1) * m->cellWidth * scale_));
+  const int y1 = int(std::lround((row + 1) * m->cellHeight * scale_));
+  return QRect(x0, y0, x1 - x0, y1 - y0);
+}
+
+void CellGridView::cellsChanged(const TableChange& c) {
+  const CellGrid* m = model();
+  if (!m) return;
+  const int r0 = std::max(c.firstRow, 0), r1 = std::min(c.lastRow, m->rows - 1);
+  const int c0 = std::max(c.firstColumn, 0), c1 = std::min(c.lastColumn, m->columns - 1);
+  if (r0 > r1 || c0 > c1) return;
+  update(cellRect(r0, c0).united(cellRect(r1, c1)));
+}
+
+void CellGridView::paintEvent(QPaintEvent* e) {
+  QPainter p(this);
+  const CellGrid* m = model();
+  if (!m) return;
+  p.fillRect(e->rect(), rgb(m->backColor));
+  painted_ = 0;
+  const double cw = m->cellWidth * scale_, ch = m->cellHeight * scale_;
+  if (cw <= 0 || ch <= 0) return;
+  const QRect area = e->rect();
+  const int r0 = std::max(0, int(area.top() / ch));
+  const int r1 = std::min(m->rows - 1, int(area.bottom() / ch));
+  const int c0 = std::max(0, int(area.left() / cw));
+  const int c1 = std::min(m->columns - 1, int(area.right() / cw));
+  QFont f = font();
+  // A point is 20 twips.
+  f.setPixelSize(std::max(6, int(std::lround(m->fontPoints * 20 * scale_))));
+  QFont bold = f;
+  bold.setBold(true);
+  for (int r = r0; r <= r1; ++r)
+    for (int c = c0; c <= c1; ++c) {
+      const CellGrid::Cell cell = m->cell(r, c);
+      const QRect box = cellRect(r, c);
+      if (cell.backColor >= 0) p.fillRect(box, rgb(cell.backColor));
+      if (m->gridColor >= 0) {
+        p.setPen(rgb(m->gridColor));
+        p.drawRect(box.adjusted(0, 0, -1, -1));
+      }
+      ++painted_;
+      if (cell.text.empty()) continue;
+      p.setFont(cell.bold ? bold : f);
+      p.setPen(rgb(cell.foreColor >= 0 ? cell.foreColor : m->foreColor));
+      const int align = cell.align == CellGrid::Cell::Align::Left    ? Qt::AlignLeft
+                        : cell.align == CellGrid::Cell::Align::Right ? Qt::AlignRight
+                                                                     : Qt::AlignHCenter;
+      p.drawText(box.adjusted(2, 0, -2, 0), align | Qt::AlignVCenter,
+                 QString::fromStdString(cell.text));
+    }
+}
+
+void CellGridView::mousePressEvent(QMouseEvent* e) {
+  if (CellGrid* m = model()) mouse_.press(*m, *e);
+}
+
+void CellGridView::mouseReleaseEvent(QMouseEvent* e) {
+  if (CellGrid* m = model()) mouse_.release(*m, *e, *this);
+}
+
+void CellGridView::mouseDoubleClickEvent(QMouseEvent* e) {
+  if (CellGrid* m = model()) mouse_.doubleClick(*m, *e);
+}
+
+void CellGridView::mouseMoveEvent(QMouseEvent* e) {
+  if (CellGrid* m = model(); m && m->onMouseMove) mouse_.move(*m, *e);
+}
+
+void CellGridView::wheelEvent(QWheelEvent* e) {
+  // The window scrolls with its own bars; the wheel goes to what lies under the pane.
+  e->ignore();
+}
+
+}  // namespace q::gui

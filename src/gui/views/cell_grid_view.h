@@ -1,0 +1,53 @@
+#pragma once
+// A cell-grid pane bound to its console grid: the cell size is in the
+// window's own units, scaled to pixels; a repaint draws only the cells it can
+// see, and the grid's notices repaint only the cells that changed. A press is
+// handed to the grid at its point in the window's units.
+
+#include <QWidget>
+
+#include "gui/views/control_events.h"
+#include "gui/views/view_binding.h"
+
+namespace q {
+class CellGrid;
+struct TableChange;
+}  // namespace q
+
+namespace q::gui {
+
+class CellGridView : public QWidget {
+  Q_OBJECT
+ public:
+  // scale: pixels per window unit.
+  CellGridView(CellGrid& model, double scale, QWidget* parent);
+  ~CellGridView() override;
+
+  CellGrid* model() const;
+  void setScale(double scale);
+  // The pixel rectangle of a cell.
+  QRect cellRect(int row, int column) const;
+  MouseForwarder& mouse() { return mouse_; }
+  // How many cells the last repaint drew (for the measurements).
+  int cellsPainted() const { return painted_; }
+
+ protected:
+  void paintEvent(QPaintEvent* e) override;
+  void mousePressEvent(QMouseEvent* e) override;
+  void mouseReleaseEvent(QMouseEvent* e) override;
+  void mouseDoubleClickEvent(QMouseEvent* e) override;
+  void mouseMoveEvent(QMouseEvent* e) override;
+  void wheelEvent(QWheelEvent* e) override;
+
+ private:
+  void cellsChanged(const TableChange& c);
+  void syncFromModel();
+
+  ViewBinding binding_;
+  MouseForwarder mouse_;
+  double scale_;
+  int cellsListener_ = 0;
+  int painted_ = 0;
+};
+
+}  // namespace q::gui

@@ -1,0 +1,77 @@
+#include "gui/views/picture_button.h"
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "engine/controls/lamp.h"
+
+namespace q::gui {
+
+PictureButton::PictureButton(Control* model, Source source, QWidget* parent)
+    : QWidget(parent), source_(std::move(source)) {
+  if (model) setObjectName(QString::fromStdString(model->name()));
+  const bool takesMouse = model && model->takesMouse();
+  if (!takesMouse) setAttribute(Qt::WA_TransparentForMouseEvents);
+  if (takesMouse) setCursor(Qt::PointingHandCursor);
+  setAcceptDrops(model && model->onDrop);
+  binding_.bind(model, [this] { syncFromModel(); });
+  syncFromModel();
+}
+
+void PictureButton::syncFromModel() {
+  Control* c = model();
+  if (!c) return;
+  setVisible(c->visible());
+  setEnabled(c->enabled());
+  if (auto* lamp = dynamic_cast<Lamp*>(c)) setToolTip(QString::fromStdString(lamp->toolTip));
+  update();
+}
+
+void PictureButton::paintEvent(QPaintEvent*) {
+  QPainter p(this);
+  paintFace(p);
+  if (auto* lamp = dynamic_cast<Lamp*>(model()); lamp && lamp->border()) {
+    p.setPen(QPen(QColor(0xFF, 0xB4, 0x20), 2));
+    p.drawRect(rect().adjusted(1, 1, -1, -1));
+  }
+}
+
+void PictureButton::paintFace(QPainter& p) {
+  auto* lamp = dynamic_cast<Lamp*>(model());
+  if (!lamp || lamp->picture().empty() || !source_) return;
+  const QPixmap pm = source_(lamp->picture(), size());
+  if (!pm.isNull()) p.drawPixmap(rect(), pm);
+}
+
+void PictureButton::mousePressEvent(QMouseEvent* e) {
+  if (Control* c = model()) mouse_.press(*c, *e);
+}
+
+void PictureButton::mouseReleaseEvent(QMouseEvent* e) {
+  if (Control* c = model()) mouse_.release(*c, *e, *this);
+}
+
+void PictureButton::mouseDoubleClickEvent(QMouseEvent* e) {
+  if (Control* c = model()) mouse_.doubleClick(*c, *e);
+}
+
+void PictureButton::mouseMoveEvent(QMouseEvent* e) {
+  if (Control* c = model(); c && c->onMouseMove) mouse_.move(*c, *e);
+}
+
+void PictureButton::dragEnterEvent(QDragEnterEvent* e) {
+  if (!droppedFile(e->mimeData()).empty()) e->acceptProposedAction();
+}
+
+void PictureButton::dropEvent(QDropEvent* e) {
+  const std::string path = droppedFile(e->mimeData());
+  Control* c = model();
+  if (path.empty() || !c) return;
+  const int b = consoleButton(Qt::MouseButton(int(e->buttons())));
+  c->drop(path, b ? MouseButton(b) : MouseButton::Left);
+  e->acceptProposedAction();
+}
+
+}  // namespace q::gui
