@@ -26,7 +26,7 @@ constexpr int kWaitUp = 515;
 constexpr int kUpTime = 516;
 constexpr int kWaitDown = 517;
 constexpr int kDownTime = 518;
-// 519 is never stored or read; only wiping passes over it.
+constexpr int kUnused = 519;  // never stored or read; only wiping passes over it
 constexpr int kName = 520;
 constexpr int kVar = 521;
 constexpr int kAutoGo = 522;  // kept with the cue; the transport never reads it

@@ -25,7 +25,7 @@ class CueFunctionsTest : public PlaybackFixture {
   int functionRow(const std::string& function, const std::string& var = "") {
     addCue({.number = "1", .levels = {{1, 255}}});
     const int row = addCue({.number = "2", .function = function});
-    if (!var.empty()) setCell(row, 521, var);
+    if (!var.empty()) setCell(row, cue::kVar, var);
     addCue({.number = "3", .levels = {{2, 200}}});
     go();
     tick();  // row 0 passes, cue 1 comes into Prog
@@ -144,8 +144,8 @@ TEST_F(CueFunctionsTest, LoadCuesLoadThePlayersAsTheyComeUpAndPassOnToTheMemoryC
   const int a = addCue({.number = "2", .function = "31"});
   const int b = addCue({.number = "3", .function = "41"});
   addCue({.number = "4", .levels = {{3, 50}}});
-  setCell(a, 521, "one.wav");
-  setCell(b, 521, "two.wav");
+  setCell(a, cue::kVar, "one.wav");
+  setCell(b, cue::kVar, "two.wav");
   go();
   tick();
   tick();  // cue 1 on Stage; the two load cues are walked through at once
