@@ -44,8 +44,9 @@ constexpr int kChaser2Level = 533;
 constexpr int kChaser2Speed = 534;
 constexpr int kLastWiped = 535;
 
-// The function of a memory cue; everything else is an instruction.
-constexpr int kMemoryCue = 1;
+// What the action columns ask of a player or a chaser; any other value asks nothing.
+enum class PlayerAction : int { Play = 1, Stop = 2, Pause = 3 };
+enum class ChaserAction : int { Start = 1, Stop = 2 };
 }  // namespace cue
 
 // A cell compared with a whole number: by numeric value, empty as 0; text

@@ -98,6 +98,21 @@ TEST_F(CueFunctionsTest, ProgramSubRecordsTheRowIntoItsSubmasterColumn) {
   EXPECT_EQ(get("MixDirty"), "-1");
 }
 
+// Only a hand-edited file holds a function between two whole numbers: inside
+// the program-sub run it programs a submaster, elsewhere it does nothing.
+TEST_F(CueFunctionsTest, AFunctionBetweenWholeNumbersActsOnlyInsideTheProgramSubRun) {
+  const int row = functionRow("12.5");
+  v().Cues.setCell(int16_t(row), 1, uint8_t(77));
+  EXPECT_EQ(get("PROGMem"), "2");
+  passIt();
+  EXPECT_EQ(v().chan(1, 4), 77) << "12.5 - 9 rounds half to even: submaster 3";
+  restart();
+  functionRow("32.5");
+  EXPECT_EQ(get("PROGMem"), "2") << "shown in Prog like the players' 32 to 35";
+  passIt();
+  EXPECT_TRUE(player1.calls.empty());
+}
+
 TEST_F(CueFunctionsTest, FileFunctionsLoadAndAFailureIsShownWhilePlaybackGoesOn) {
   const std::string subs = path("look.qsm");
   std::ofstream(subs) << "SUB:2\r\nNAME:from cue\r\n";
