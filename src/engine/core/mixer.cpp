@@ -7,6 +7,7 @@
 #endif
 
 #include "engine/core/console.h"
+#include "engine/interfaces/interface_list.h"
 
 namespace q {
 
@@ -103,6 +104,11 @@ void Mixer::readRoles() {
                 : word == "BYP" ? Role::Byp
                                 : Role::None;
   }
+}
+
+// Whether the adapter in use takes each channel from inside the mix.
+bool Mixer::handsOverChannels() const {
+  return perChannelOutput && interfaceEntry(c_.v.InterfaceType).has(kTakesChannelsInMix);
 }
 
 void Mixer::prepareTables() {
@@ -261,7 +267,7 @@ void Mixer::firstPassOutput(int channels) {
     for (int i = 0; i < channels; ++i) v.DMXData[i] = grand[v.MixBuffer[i]];
   else
     for (int i = 0; i < channels; ++i) v.DMXData[i] = bypassed(i + 1, grand[v.MixBuffer[i]]);
-  const bool handOver = v.InterfaceType == 8 && perChannelOutput;
+  const bool handOver = handsOverChannels();
   LiveDisplay& live = c_.liveDisplay;
   for (int i = 1; i <= channels; ++i) {
     if (!live.full())
@@ -281,7 +287,7 @@ bool Mixer::patchOutput(int out) {
   if (logical <= 0 || logical > kChannels) return false;
   const uint8_t mastered = grand_.at[v.MixBuffer[logical - 1]];
   v.DMXData[out - 1] = bypassOps_.empty() ? mastered : bypassed(logical, mastered);
-  if (v.InterfaceType == 8 && perChannelOutput) perChannelOutput(out, mastered);
+  if (handsOverChannels()) perChannelOutput(out, mastered);
   return true;
 }
 
@@ -298,7 +304,7 @@ void Mixer::patchPass() {
     patched |= patchOutput(v.I);
     live.ShowChannel(v.I);
   }
-  if (bypassOps_.empty() && !(v.InterfaceType == 8 && perChannelOutput)) {
+  if (bypassOps_.empty() && !handsOverChannels()) {
     const uint8_t* grand = grand_.at.data();
     for (int out = v.I; out <= kChannels; ++out) {
       const int logical = v.PatchMap.get(out);
