@@ -98,11 +98,20 @@ void Mixer::MixOutput() {
 // A strip's role is its function word; the words cannot change while a mix runs.
 void Mixer::readRoles() {
   for (int j = 0; j < kSubmasters; ++j) {
-    const std::string& word = c_.form1.FaderFunc(j + kFirstStrip).caption();
-    roles_[j] = word == "SUB"   ? Role::Sub
-                : word == "INV" ? Role::Inv
-                : word == "BYP" ? Role::Byp
-                                : Role::None;
+    switch (c_.form1.stripWord(j + kFirstStrip)) {
+      case StripWord::Sub:
+        roles_[j] = Role::Sub;
+        break;
+      case StripWord::Inv:
+        roles_[j] = Role::Inv;
+        break;
+      case StripWord::Byp:
+        roles_[j] = Role::Byp;
+        break;
+      default:
+        roles_[j] = Role::None;  // any other word takes no part in the mix
+        break;
+    }
   }
 }
 

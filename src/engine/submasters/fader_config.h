@@ -8,6 +8,7 @@
 #include <array>
 
 #include "engine/controls/window.h"
+#include "engine/submasters/function_words.h"
 
 namespace q {
 
@@ -54,7 +55,7 @@ class FaderConfig : public Window {
 
  private:
   bool applyController(int n);
-  void placeFader(int n, const std::string& word);
+  void placeFader(int n, StripWord word);
 
   Console& c_;
   std::array<ChoiceImage*, 5> colors_{};
