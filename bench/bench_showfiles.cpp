@@ -33,11 +33,11 @@ void fillList(q::Console& c) {
   v.MaxChans = 512;
   for (int row = 1; row <= kCues; ++row) {
     const auto r = int16_t(row);
-    v.Cues.setCell(r, cue::kNumber, std::to_string(row));
-    v.Cues.setCell(r, cue::kFunction, std::string("1"));
-    for (int col = cue::kWaitUp; col <= cue::kDownTime; ++col)
+    v.Cues.setCell(r, q::cue::kNumber, std::to_string(row));
+    v.Cues.setCell(r, q::cue::kFunction, std::string("1"));
+    for (int col = q::cue::kWaitUp; col <= q::cue::kDownTime; ++col)
       v.Cues.setCell(r, int16_t(col), std::string("25"));
-    v.Cues.setCell(r, cue::kName, "Cue number " + std::to_string(row));
+    v.Cues.setCell(r, q::cue::kName, "Cue number " + std::to_string(row));
     for (int ch = 1; ch <= q::kChannels; ++ch)
       v.Cues.setCell(r, int16_t(ch), uint8_t((row * 7 + ch * 13) % 255 + 1));
   }
