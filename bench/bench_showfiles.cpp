@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include "engine/core/console.h"
+#include "engine/playback/cue_record.h"
 #include "engine/showfiles/show_formats.h"
 
 namespace {
@@ -32,10 +33,11 @@ void fillList(q::Console& c) {
   v.MaxChans = 512;
   for (int row = 1; row <= kCues; ++row) {
     const auto r = int16_t(row);
-    v.Cues.setCell(r, 513, std::to_string(row));
-    v.Cues.setCell(r, 514, std::string("1"));
-    for (int col = 515; col <= 518; ++col) v.Cues.setCell(r, int16_t(col), std::string("25"));
-    v.Cues.setCell(r, 520, "Cue number " + std::to_string(row));
+    v.Cues.setCell(r, q::cue::kNumber, std::to_string(row));
+    v.Cues.setCell(r, q::cue::kFunction, std::string("1"));
+    for (int col = q::cue::kWaitUp; col <= q::cue::kDownTime; ++col)
+      v.Cues.setCell(r, int16_t(col), std::string("25"));
+    v.Cues.setCell(r, q::cue::kName, "Cue number " + std::to_string(row));
     for (int ch = 1; ch <= q::kChannels; ++ch)
       v.Cues.setCell(r, int16_t(ch), uint8_t((row * 7 + ch * 13) % 255 + 1));
   }

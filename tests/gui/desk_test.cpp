@@ -5,6 +5,7 @@
 
 #include "desk_fixture.h"
 #include "engine/look/bitmap.h"
+#include "engine/playback/cue_record.h"
 #include "gui/desk/fader_widget.h"
 #include "gui/views/menu_view.h"
 #include "gui/views/text_box_view.h"
@@ -73,9 +74,10 @@ TEST_F(DeskTest, MenuItemsFollowTheConsoleAndWindowsToComeStayDisabled) {
 TEST_F(DeskTest, ClickOnGoStartsTheFadeTheTransportRuns) {
   desk();
   v().CueCount = 1;
-  v().Cues.setCell(1, 513, std::string("1"));
-  v().Cues.setCell(1, 514, std::string("1"));
-  for (int col = 515; col <= 518; ++col) v().Cues.setCell(1, int16_t(col), std::string("0"));
+  v().Cues.setCell(1, cue::kNumber, std::string("1"));
+  v().Cues.setCell(1, cue::kFunction, std::string("1"));
+  for (int col = cue::kWaitUp; col <= cue::kDownTime; ++col)
+    v().Cues.setCell(1, int16_t(col), std::string("0"));
   v().Cues.setCell(1, 7, uint8_t{200});
   QWidget* go = widget("GOButton");
   ASSERT_NE(go, nullptr);

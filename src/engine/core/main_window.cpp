@@ -21,6 +21,9 @@ MainWindow::MainWindow(Registry& registry, Scheduler& scheduler)
     faders_[k] = &add<Scroller>(indexed("Fader", n), 0, 255, 255);
     slevels_[k] = &add<Label>(indexed("SLevel", n), "00");
     funcs_[k] = &add<Label>(indexed("FaderFunc", n), "SUB");
+    // The caption stays the strip's function; its meaning follows every change.
+    words_[k] = stripWordOf(funcs_[k]->caption());
+    funcs_[k]->onCaptionChange = [this, k] { words_[k] = stripWordOf(funcs_[k]->caption()); };
     flashes_[k] = &add<Lamp>(indexed("Flash", n));
     slabels_[k] = &add<TextBox>(indexed("Slabel", n));
   }

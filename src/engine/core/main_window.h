@@ -11,6 +11,7 @@
 #include "engine/controls/picture.h"
 #include "engine/controls/window.h"
 #include "engine/core/scheduler.h"
+#include "engine/submasters/function_words.h"
 
 namespace q {
 
@@ -39,6 +40,8 @@ class MainWindow : public Window {
   Scroller& Fader(int n) { return *faders_.at(n - kFirstStrip); }
   Label& SLevel(int n) { return *slevels_.at(n - kFirstStrip); }
   Label& FaderFunc(int n) { return *funcs_.at(n - kFirstStrip); }
+  // What the caption of FaderFunc(N) means, kept by the label's caption hook.
+  StripWord stripWord(int n) const { return words_.at(n - kFirstStrip); }
   Lamp& Flash(int n) { return *flashes_.at(n - kFirstStrip); }
   TextBox& Slabel(int n) { return *slabels_.at(n - kFirstStrip); }
   Lamp& FaderCFG(int n) { return *cfgs_.at(n - 1); }
@@ -63,6 +66,7 @@ class MainWindow : public Window {
   std::array<Scroller*, 20> faders_{};
   std::array<Label*, 20> slevels_{};
   std::array<Label*, 20> funcs_{};
+  std::array<StripWord, 20> words_{};
   std::array<Lamp*, 20> flashes_{};
   std::array<TextBox*, 20> slabels_{};
   std::array<Lamp*, 22> cfgs_{};

@@ -7,6 +7,7 @@
 #endif
 
 #include "engine/core/console.h"
+#include "engine/interfaces/interface_list.h"
 
 namespace q {
 
@@ -97,12 +98,26 @@ void Mixer::MixOutput() {
 // A strip's role is its function word; the words cannot change while a mix runs.
 void Mixer::readRoles() {
   for (int j = 0; j < kSubmasters; ++j) {
-    const std::string& word = c_.form1.FaderFunc(j + kFirstStrip).caption();
-    roles_[j] = word == "SUB"   ? Role::Sub
-                : word == "INV" ? Role::Inv
-                : word == "BYP" ? Role::Byp
-                                : Role::None;
+    switch (c_.form1.stripWord(j + kFirstStrip)) {
+      case StripWord::Sub:
+        roles_[j] = Role::Sub;
+        break;
+      case StripWord::Inv:
+        roles_[j] = Role::Inv;
+        break;
+      case StripWord::Byp:
+        roles_[j] = Role::Byp;
+        break;
+      default:
+        roles_[j] = Role::None;  // any other word takes no part in the mix
+        break;
+    }
   }
+}
+
+// Whether the adapter in use takes each channel from inside the mix.
+bool Mixer::handsOverChannels() const {
+  return perChannelOutput && interfaceEntry(c_.v.InterfaceType).has(kTakesChannelsInMix);
 }
 
 void Mixer::prepareTables() {
@@ -261,7 +276,7 @@ void Mixer::firstPassOutput(int channels) {
     for (int i = 0; i < channels; ++i) v.DMXData[i] = grand[v.MixBuffer[i]];
   else
     for (int i = 0; i < channels; ++i) v.DMXData[i] = bypassed(i + 1, grand[v.MixBuffer[i]]);
-  const bool handOver = v.InterfaceType == 8 && perChannelOutput;
+  const bool handOver = handsOverChannels();
   LiveDisplay& live = c_.liveDisplay;
   for (int i = 1; i <= channels; ++i) {
     if (!live.full())
@@ -281,7 +296,7 @@ bool Mixer::patchOutput(int out) {
   if (logical <= 0 || logical > kChannels) return false;
   const uint8_t mastered = grand_.at[v.MixBuffer[logical - 1]];
   v.DMXData[out - 1] = bypassOps_.empty() ? mastered : bypassed(logical, mastered);
-  if (v.InterfaceType == 8 && perChannelOutput) perChannelOutput(out, mastered);
+  if (handsOverChannels()) perChannelOutput(out, mastered);
   return true;
 }
 
@@ -298,7 +313,7 @@ void Mixer::patchPass() {
     patched |= patchOutput(v.I);
     live.ShowChannel(v.I);
   }
-  if (bypassOps_.empty() && !(v.InterfaceType == 8 && perChannelOutput)) {
+  if (bypassOps_.empty() && !handsOverChannels()) {
     const uint8_t* grand = grand_.at.data();
     for (int out = v.I; out <= kChannels; ++out) {
       const int logical = v.PatchMap.get(out);

@@ -24,7 +24,8 @@ class Mixer {
   explicit Mixer(Console& c);
   void MixOutput();
 
-  // Interface 8 takes each channel from inside the mix, as the mix makes it.
+  // An adapter that takes its channels from inside the mix (the Velleman)
+  // gets each one here as the mix makes it.
   std::function<void(int channel, uint8_t value)> perChannelOutput;
   // Told after every mix, once MixBuffer and DMXData hold the new frame: the
   // matrix view repaints its output strip (when it is in normal state).
@@ -61,6 +62,7 @@ class Mixer {
   };
 
   void readRoles();
+  bool handsOverChannels() const;
   void prepareStrips();
   void addStrip(Role role, int key, uint8_t column, const uint8_t* table);
   void prepareTables();

@@ -5,13 +5,13 @@
 #include <cmath>
 
 #include "engine/core/console.h"
+#include "engine/interfaces/interface_list.h"
 
 namespace q {
 
 namespace {
 constexpr int kLpt1Base = 888;
 constexpr int kLpt2Base = 632;
-constexpr int kInterfaceCount = 11;  // the ten adapters and OLA
 }  // namespace
 
 Settings::Settings(Console& c) : c_(c), ini_(c.homeDir() + "/Quintara.INI") {
@@ -49,8 +49,9 @@ void Settings::readAtStart(bool useDefaults) {
     // A value that would stop the console (no channels, a timer that never
     // fires) is brought to the nearest safe one.
     v.MaxChans = int16_t(std::clamp(readInt("Setup", "MaxChans", 128), 1, kChannels));
+    // An adapter the table doesn't list reads as none.
     const int iface = readInt("Setup", "Interface", 0);
-    v.InterfaceType = uint8_t(iface >= 0 && iface < kInterfaceCount ? iface : 0);
+    v.InterfaceType = uint8_t(isInterfaceType(iface) ? iface : 0);
     v.DMXRate = std::clamp(readInt("Setup", "DMXRate", 100), 1, 60000);
     v.PortBase = ini_.read("Setup", "Port", "LPT1") == "LPT1" ? kLpt1Base : kLpt2Base;
     v.DataPresentLoop = std::max(0, readInt("Setup", "DataPresentLoop", 50));

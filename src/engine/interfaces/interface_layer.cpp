@@ -15,20 +15,6 @@
 namespace q {
 
 namespace {
-enum Type : int {
-  kNone = 0,
-  kOpenDmx = 1,
-  kPro = 2,
-  kManolator = 3,
-  kTovan = 4,
-  kSunlite = 5,
-  kHumanData = 6,
-  kOksid = 7,
-  kVelleman = 8,
-  kNextec = 9,
-  kOla = 10,
-};
-
 // The widget's trace goes to standard error when QUINTARA_WIDGET_TRACE is set.
 std::function<void(const std::string&)> widgetTrace() {
   const char* on = std::getenv("QUINTARA_WIDGET_TRACE");
@@ -69,22 +55,20 @@ void InterfaceLayer::stopDMX() { stop(c_.v.InterfaceType); }
 
 void InterfaceLayer::start(int type) {
   Variables& v = c_.v;
-  switch (type) {
-    case kOpenDmx:
-    case kHumanData:
-    case kNextec:
+  switch (interfaceEntry(type).family) {
+    case AdapterFamily::FtdiFrameSender:
       startFtdi();
       break;
-    case kPro:
+    case AdapterFamily::Widget:
       startWidget();
       break;
-    case kSunlite:
+    case AdapterFamily::Sunlite:
       sunlite().open(v.DMXData.data());
       break;
-    case kVelleman:
+    case AdapterFamily::Velleman:
       velleman().start(v.MaxChans);
       break;
-    case kOla:
+    case AdapterFamily::Ola:
       ola_->continuous = ContinuousOutput;
       ola_->start(factory().ola(), OlaUniverse, OlaPort, c_.form1.DMXTimer.interval());
       break;
@@ -95,46 +79,42 @@ void InterfaceLayer::start(int type) {
 
 void InterfaceLayer::sendFrame() {
   Variables& v = c_.v;
-  switch (v.InterfaceType) {
-    case kOpenDmx:
-    case kHumanData:
-    case kNextec:
+  switch (interfaceEntry(v.InterfaceType).family) {
+    case AdapterFamily::FtdiFrameSender:
       if (ftdi_) ftdi_->sendFrame(v.DMXData.data(), c_.form1.DMXTimer.interval());
       break;
-    case kPro:
+    case AdapterFamily::Widget:
       // While the widget's Init waits for its answer it lets ticks run; the
       // frame waits for the widget to be set up.
       if (!widgetInitRunning_) widget().Set_DMX_OUT(v.DMXData.data());
       break;
-    case kSunlite:
+    case AdapterFamily::Sunlite:
       sunlite().send(v.MaxChans, v.DMXData.data());
       break;
-    case kOksid:
+    case AdapterFamily::Oksid:
       oksid().tick(int16_t(v.PortBase), v.DMXData.data());
       break;
-    case kOla:
+    case AdapterFamily::Ola:
       ola_->sendFrame(v.DMXData.data(), c_.form1.DMXTimer.interval());
       break;
     default:
-      // 8 has sent its channels from inside the mix; 0, 3 and 4 have no output.
+      // The Velleman has had its channels from inside the mix; none and the
+      // parallel ports have no output.
       break;
   }
 }
 
 bool InterfaceLayer::outputMayRest() const {
   if (c_.v.MixDirty) return false;
-  switch (c_.v.InterfaceType) {
-    case kNone:
-    case kManolator:
-    case kTovan:
-    case kVelleman:
+  switch (interfaceEntry(c_.v.InterfaceType).family) {
+    case AdapterFamily::None:
+    case AdapterFamily::ParallelPort:
+    case AdapterFamily::Velleman:
       return true;
-    case kOla:
+    case AdapterFamily::Ola:
       // A continuous stream comes from the OLA line itself when it has one.
       return !ContinuousOutput || ola_->wire();
-    case kOpenDmx:
-    case kHumanData:
-    case kNextec:
+    case AdapterFamily::FtdiFrameSender:
       return ftdi_ && ftdi_->wire();
     default:
       // The DMX USB PRO, the Sunlite and the OksiD are handed every frame.
@@ -143,22 +123,20 @@ bool InterfaceLayer::outputMayRest() const {
 }
 
 void InterfaceLayer::stop(int type, bool fromSetupWindow) {
-  switch (type) {
-    case kOpenDmx:
-    case kHumanData:
-    case kNextec:
+  switch (interfaceEntry(type).family) {
+    case AdapterFamily::FtdiFrameSender:
       if (ftdi_) ftdi_->close();
       break;
-    case kPro:
+    case AdapterFamily::Widget:
       if (widget_) widget_->Done();
       break;
-    case kSunlite:
+    case AdapterFamily::Sunlite:
       sunlite().close(c_.v.MaxChans, c_.v.DMXData.data());
       break;
-    case kVelleman:
+    case AdapterFamily::Velleman:
       if (!fromSetupWindow) velleman().stop();
       break;
-    case kOla:
+    case AdapterFamily::Ola:
       ola_->stop();
       break;
     default:

@@ -89,7 +89,7 @@ void Refreshrate::load() {
   Text4.setText(std::to_string(v.LowClockLoop) + " loop3");
   loaded_ = true;
   ComboDevice.setListIndex(-1);
-  ComboDevice.setListIndex(v.InterfaceType < kAdapterCount ? v.InterfaceType : 0);
+  ComboDevice.setListIndex(isInterfaceType(v.InterfaceType) ? v.InterfaceType : 0);
   Combo1.setText(std::to_string(v.MaxChans));
   CmbLPT.setListIndex(v.PortBase == kLpt2Base ? 1 : 0);
   frameBackColor = c_.colors.SkinBackColor;
@@ -100,8 +100,9 @@ void Refreshrate::deviceChosen() {
   const int k = ComboDevice.listIndex();
   if (k < 0) return;
   Image2.setPicture(Image1[size_t(k)]->picture());
-  lblWeb.setCaption(kInterfaces[k].link);
-  const bool parallel = kInterfaces[k].family == AdapterFamily::ParallelPort;
+  const InterfaceEntry& adapter = interfaceEntry(k);
+  lblWeb.setCaption(adapter.link);
+  const bool parallel = adapter.family == AdapterFamily::ParallelPort;
   for (Control* ctl : std::initializer_list<Control*>{&Frame3, &HScroll2, &HScroll3, &HScroll4,
                                                       &Text2, &Text3, &Text4})
     ctl->setVisible(parallel);
@@ -134,7 +135,7 @@ void Refreshrate::ok() {
   if (chosen != openedInterface) {
     c_.interfaces.stop(openedInterface, true);
     c_.interfaces.start(chosen);
-    const int limit = kInterfaces[chosen].channelLimit;
+    const int limit = interfaceEntry(chosen).channelLimit;
     if (limit > 0 && v.MaxChans > limit) v.MaxChans = int16_t(limit);
   }
   unload();

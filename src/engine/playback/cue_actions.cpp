@@ -25,24 +25,30 @@ std::optional<double> parameter(Console& c, long row, int column) {
   return numberOf(cell);
 }
 
+// Whether an action cell asks for this action: compared by numeric value.
+template <class Action>
+bool asks(const Value& cell, Action a) {
+  return cellEquals(cell, int(a));
+}
+
 void playerAction(Console& c, long row, int player) {
   const Value cell = cueCell(c.v, row, player == 0 ? cue::kPlayer1Action : cue::kPlayer2Action);
   MediaPlayer& p = c.WMP(player);
-  if (cellEquals(cell, 1)) {
+  if (asks(cell, cue::PlayerAction::Play)) {
     if (p.ready()) p.play();
-  } else if (cellEquals(cell, 2)) {
+  } else if (asks(cell, cue::PlayerAction::Stop)) {
     p.stop();
-  } else if (cellEquals(cell, 3)) {
+  } else if (asks(cell, cue::PlayerAction::Pause)) {
     if (p.ready()) p.pause();
   }
 }
 
 void chaserAction(Console& c, long row, int chaser) {
   const Value cell = cueCell(c.v, row, chaser == 0 ? cue::kChaser1Action : cue::kChaser2Action);
-  if (cellEquals(cell, 1)) {
+  if (asks(cell, cue::ChaserAction::Start)) {
     c.form1.FXTimer[chaser]->setRunning(true);
     c.form1.FXbutton[chaser]->setPicture("ImgLedOn");
-  } else if (cellEquals(cell, 2)) {
+  } else if (asks(cell, cue::ChaserAction::Stop)) {
     c.form1.FXTimer[chaser]->setRunning(false);
     c.form1.FXbutton[chaser]->setPicture("");
   }

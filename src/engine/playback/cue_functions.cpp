@@ -4,20 +4,23 @@
 #include <cmath>
 
 #include "engine/core/console.h"
+#include "engine/playback/cue_function_table.h"
 #include "engine/playback/cue_record.h"
 #include "engine/showfiles/show_formats.h"
 
 namespace q {
 
 namespace {
-bool isPlayerLoad(const Value& f, int& player) {
-  if (cellEquals(f, 31))
-    player = 0;
-  else if (cellEquals(f, 41))
-    player = 1;
-  else
-    return false;
-  return true;
+// The player a load cue fills, or -1 for a row of any other function.
+int loadsPlayer(const Value& f) {
+  const CueFunctionInfo* fn = cueFunctionIn(f);
+  return fn && fn->has(kLoadsPlayer) ? playerOf(fn->function) : -1;
+}
+
+// Function 11 programs submaster 1, whose levels are the column after Prog.
+int programmedColumn(double f) {
+  constexpr int kOffset = int(CueFunction::ProgramSub1) - (kProgColumn + 1);
+  return int(roundHalfEven(f - kOffset));
 }
 }  // namespace
 
@@ -31,27 +34,46 @@ void CueFunctions::pass(long row, const Value& function) {
   const auto number = numberOf(function);
   if (!number) return;
   const double f = *number;
+  if (programsSubmaster(f)) {
+    programSubmaster(row, programmedColumn(f));
+    return;
+  }
+  const CueFunctionInfo* fn = findCueFunction(f);
+  if (!fn) return;
   const std::string var = toText(cueCell(c_.v, row, cue::kVar));
   Console& c = c_;
-  // Tested in this order; "02: Jump" and "08: Sub. level change" pass the row and nothing else.
-  if (f == 3) {
-    c.files.tryLoad(var, [&] { LoadSubmasters(c, var); });
-  } else if (f == 4) {
-    setSubmasterLevels(row);
-  } else if (f == 6) {
-    runProgram(var);
-  } else if (f == 7) {
-    c.dialogs().msgBox("", var, MsgButtons::OK, MsgIcon::Information);
-  } else if (f == 9) {
-    c.files.tryLoad(var, [&] { LoadChannels(c, var); });
-  } else if (f >= 11 && f <= 30) {
-    programSubmaster(row, int(roundHalfEven(f - 9)));
-  } else if (f == 32 || f == 42) {
-    c.WMP(f == 32 ? 0 : 1).play();
-  } else if (f == 33 || f == 43) {
-    c.WMP(f == 33 ? 0 : 1).pause();
-  } else if (f == 34 || f == 44) {
-    c.WMP(f == 34 ? 0 : 1).stop();
+  switch (fn->function) {
+    case CueFunction::LoadStatus:
+      c.files.tryLoad(var, [&] { LoadSubmasters(c, var); });
+      break;
+    case CueFunction::SubmasterLevels:
+      setSubmasterLevels(row);
+      break;
+    case CueFunction::RunProgram:
+      runProgram(var);
+      break;
+    case CueFunction::ShowMessage:
+      c.dialogs().msgBox("", var, MsgButtons::OK, MsgIcon::Information);
+      break;
+    case CueFunction::LoadFileInProg:
+      c.files.tryLoad(var, [&] { LoadChannels(c, var); });
+      break;
+    case CueFunction::Player1Play:
+    case CueFunction::Player2Play:
+      c.WMP(playerOf(fn->function)).play();
+      break;
+    case CueFunction::Player1Pause:
+    case CueFunction::Player2Pause:
+      c.WMP(playerOf(fn->function)).pause();
+      break;
+    case CueFunction::Player1Stop:
+    case CueFunction::Player2Stop:
+      c.WMP(playerOf(fn->function)).stop();
+      break;
+    default:
+      // A jump, the special cue dialog's level change and a player's go to
+      // time, volume or balance pass the row and do nothing else.
+      break;
   }
 }
 
@@ -96,7 +118,8 @@ void CueFunctions::loadPlayer(int player) {
     p.setFileName(toText(cueCell(c_.v, row, cue::kVar)));
     p.setVisible(true);
     m.setNextCue(row + 1);
-    if (!isPlayerLoad(cueCell(c_.v, row + 1, cue::kFunction), player)) break;
+    player = loadsPlayer(cueCell(c_.v, row + 1, cue::kFunction));
+    if (player < 0) break;
   }
   m.LoadCueinProg(m.nextCue());
 }

@@ -26,7 +26,7 @@ constexpr int kWaitUp = 515;
 constexpr int kUpTime = 516;
 constexpr int kWaitDown = 517;
 constexpr int kDownTime = 518;
-// 519 is never stored or read; only wiping passes over it.
+constexpr int kUnused = 519;  // never stored or read; only wiping passes over it
 constexpr int kName = 520;
 constexpr int kVar = 521;
 constexpr int kAutoGo = 522;  // kept with the cue; the transport never reads it
@@ -44,8 +44,9 @@ constexpr int kChaser2Level = 533;
 constexpr int kChaser2Speed = 534;
 constexpr int kLastWiped = 535;
 
-// The function of a memory cue; everything else is an instruction.
-constexpr int kMemoryCue = 1;
+// What the action columns ask of a player or a chaser; any other value asks nothing.
+enum class PlayerAction : int { Play = 1, Stop = 2, Pause = 3 };
+enum class ChaserAction : int { Start = 1, Stop = 2 };
 }  // namespace cue
 
 // A cell compared with a whole number: by numeric value, empty as 0; text

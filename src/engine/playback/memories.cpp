@@ -5,6 +5,7 @@
 
 #include "engine/core/console.h"
 #include "engine/playback/cue_actions.h"
+#include "engine/playback/cue_function_table.h"
 #include "engine/playback/cue_record.h"
 
 namespace q {
@@ -16,15 +17,13 @@ int channelsInUse(const Variables& v) { return std::clamp<int>(v.MaxChans, 0, kC
 
 // Rows whose function shows number, name and times in Prog but has no levels.
 bool showsWithoutLevels(const Value& f) {
-  auto n = numberOf(f);
-  if (!n) return false;
-  const double x = *n;
-  return x == 4 || x == 6 || x == 7 || (x >= 11 && x <= 30) || (x >= 32 && x <= 35) ||
-         (x >= 42 && x <= 45);
+  const auto n = numberOf(f);
+  return n && showsInProg(*n);
 }
 
 bool copiesProgToStage(const Value& f) {
-  return cellEquals(f, cue::kMemoryCue) || cellEquals(f, 31) || cellEquals(f, 41);
+  const CueFunctionInfo* fn = cueFunctionIn(f);
+  return fn && fn->has(kCopiesProgToStage);
 }
 
 // The shared loop counter J keeps the value the last cue search left in it:
@@ -82,13 +81,14 @@ void Memories::showTimes(long row) {
 
 void Memories::LoadCueinProg(long row) {
   const Value f = cueCell(c_.v, row, cue::kFunction);
-  if (cellEquals(f, cue::kMemoryCue)) {
+  const CueFunctionInfo* fn = cueFunctionIn(f);
+  if (cellIsFunction(f, CueFunction::MemoryCue)) {
     showInProg(row);
     loadColumn(row, kProgColumn);
   } else if (showsWithoutLevels(f)) {
     showInProg(row);
-  } else if (cellEquals(f, 31) || cellEquals(f, 41)) {
-    if (loadPlayerCue) loadPlayerCue(row, cellEquals(f, 31) ? 0 : 1);
+  } else if (fn && fn->has(kLoadsPlayer)) {
+    if (loadPlayerCue) loadPlayerCue(row, playerOf(fn->function));
   }
   c_.timesGraph.paint();
 }

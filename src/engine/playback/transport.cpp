@@ -5,6 +5,7 @@
 
 #include "engine/core/console.h"
 #include "engine/playback/cue_actions.h"
+#include "engine/playback/cue_function_table.h"
 #include "engine/playback/cue_record.h"
 
 namespace q {
@@ -139,7 +140,7 @@ void Transport::progSide(double t, const Times& times) {
 // and the clock runs on, so one GO plays through to the next memory cue.
 void Transport::memTimerTick() {
   const long row = c_.memories.nextCue();
-  if (!cellEquals(cueCell(c_.v, row, cue::kFunction), cue::kMemoryCue)) {
+  if (!cellIsFunction(cueCell(c_.v, row, cue::kFunction), CueFunction::MemoryCue)) {
     c_.memories.PassaPrograma();
     return;
   }

@@ -14,27 +14,24 @@
 namespace q {
 
 namespace {
-constexpr int16_t kNumberCol = 513, kFunctionCol = 514, kWaitUpCol = 515, kNameCol = 520,
-                  kVarCol = 521, kAutoGoCol = 522;
-
 // The optional lines, written as numbers and only when their cell is filled.
 struct OptionalLine {
   const char* keyword;
   int16_t column;
 };
-constexpr std::array<OptionalLine, 13> kOptional = {{{"AUTOGO:", 522},
-                                                     {"PLR1:", 523},
-                                                     {"VOL1:", 524},
-                                                     {"PAN1:", 525},
-                                                     {"PLR2:", 526},
-                                                     {"VOL2:", 527},
-                                                     {"PAN2:", 528},
-                                                     {"FX1:", 529},
-                                                     {"FX1L:", 530},
-                                                     {"FX1S:", 531},
-                                                     {"FX2:", 532},
-                                                     {"FX2L:", 533},
-                                                     {"FX2S:", 534}}};
+constexpr std::array<OptionalLine, 13> kOptional = {{{"AUTOGO:", cue::kAutoGo},
+                                                     {"PLR1:", cue::kPlayer1Action},
+                                                     {"VOL1:", cue::kPlayer1Volume},
+                                                     {"PAN1:", cue::kPlayer1Balance},
+                                                     {"PLR2:", cue::kPlayer2Action},
+                                                     {"VOL2:", cue::kPlayer2Volume},
+                                                     {"PAN2:", cue::kPlayer2Balance},
+                                                     {"FX1:", cue::kChaser1Action},
+                                                     {"FX1L:", cue::kChaser1Level},
+                                                     {"FX1S:", cue::kChaser1Speed},
+                                                     {"FX2:", cue::kChaser2Action},
+                                                     {"FX2L:", cue::kChaser2Level},
+                                                     {"FX2S:", cue::kChaser2Speed}}};
 
 // A cell's text read as a number the lenient way, as the optional lines carry it.
 std::string numberText(const Value& v) {
@@ -58,14 +55,14 @@ void writeLevels(TextOut& out, const CSparseMatrix& cues, int16_t row, int maxCh
 
 void writeCue(TextOut& out, const Variables& v, int16_t row, bool clipboard) {
   const CSparseMatrix& cues = v.Cues;
-  out.line("MEM:", toText(cues.Cell(row, kNumberCol)));
-  out.line("FUNCTION:", toText(cues.Cell(row, kFunctionCol)));
+  out.line("MEM:", toText(cues.Cell(row, cue::kNumber)));
+  out.line("FUNCTION:", toText(cues.Cell(row, cue::kFunction)));
   std::string times;
-  for (int16_t col = kWaitUpCol; col < kWaitUpCol + 4; ++col)
+  for (int16_t col = cue::kWaitUp; col <= cue::kDownTime; ++col)
     times += toText(cues.Cell(row, col)) + ",";
   out.line("TIMES:", times);
-  out.line("NAME:", toText(cues.Cell(row, kNameCol)));
-  const Value var = cues.Cell(row, kVarCol);
+  out.line("NAME:", toText(cues.Cell(row, cue::kName)));
+  const Value var = cues.Cell(row, cue::kVar);
   if (clipboard) out.line("VAR:");
   if (!isEmpty(var)) out.line("VAR:", toText(var));
   for (const auto& o : kOptional) {
@@ -86,25 +83,25 @@ struct KeyRule {
 };
 constexpr std::array<KeyRule, 21> kKeys = {{{"SHOW", Key::Show, 5, 0},
                                             {"DATE", Key::Date, 5, 0},
-                                            {"MEM:", Key::Mem, 4, kNumberCol},
-                                            {"FUNC", Key::Store, 9, kFunctionCol},
-                                            {"TIME", Key::Times, 6, kWaitUpCol},
-                                            {"NAME", Key::Store, 5, kNameCol},
-                                            {"VAR:", Key::StoreIfAny, 4, kVarCol},
-                                            {"AUTO", Key::Store, 7, kAutoGoCol},
+                                            {"MEM:", Key::Mem, 4, cue::kNumber},
+                                            {"FUNC", Key::Store, 9, cue::kFunction},
+                                            {"TIME", Key::Times, 6, cue::kWaitUp},
+                                            {"NAME", Key::Store, 5, cue::kName},
+                                            {"VAR:", Key::StoreIfAny, 4, cue::kVar},
+                                            {"AUTO", Key::Store, 7, cue::kAutoGo},
                                             {"CHAN", Key::Chan, 5, 0},
-                                            {"PLR1", Key::Store, 5, 523},
-                                            {"VOL1", Key::Store, 5, 524},
-                                            {"PAN1", Key::Store, 5, 525},
-                                            {"PLR2", Key::Store, 5, 526},
-                                            {"VOL2", Key::Store, 5, 527},
-                                            {"PAN2", Key::Store, 5, 528},
-                                            {"FX1:", Key::Store, 4, 529},
-                                            {"FX1L", Key::Store, 5, 530},
-                                            {"FX1S", Key::Store, 5, 531},
-                                            {"FX2:", Key::Store, 4, 532},
-                                            {"FX2L", Key::Store, 5, 533},
-                                            {"FX2S", Key::Store, 5, 534}}};
+                                            {"PLR1", Key::Store, 5, cue::kPlayer1Action},
+                                            {"VOL1", Key::Store, 5, cue::kPlayer1Volume},
+                                            {"PAN1", Key::Store, 5, cue::kPlayer1Balance},
+                                            {"PLR2", Key::Store, 5, cue::kPlayer2Action},
+                                            {"VOL2", Key::Store, 5, cue::kPlayer2Volume},
+                                            {"PAN2", Key::Store, 5, cue::kPlayer2Balance},
+                                            {"FX1:", Key::Store, 4, cue::kChaser1Action},
+                                            {"FX1L", Key::Store, 5, cue::kChaser1Level},
+                                            {"FX1S", Key::Store, 5, cue::kChaser1Speed},
+                                            {"FX2:", Key::Store, 4, cue::kChaser2Action},
+                                            {"FX2L", Key::Store, 5, cue::kChaser2Level},
+                                            {"FX2S", Key::Store, 5, cue::kChaser2Speed}}};
 
 const KeyRule* ruleFor(const std::string& line, bool withHeader) {
   if (line.size() < 4) return nullptr;
@@ -117,7 +114,7 @@ const KeyRule* ruleFor(const std::string& line, bool withHeader) {
 }
 
 void readTimes(const LineReader& r, std::string_view rest, CSparseMatrix& cues, int16_t row) {
-  for (int16_t col = kWaitUpCol; col < kWaitUpCol + 4; ++col) {
+  for (int16_t col = cue::kWaitUp; col <= cue::kDownTime; ++col) {
     const size_t comma = rest.find(',');
     if (comma == std::string_view::npos) r.fail("times without a comma after each value");
     cues.setCell(row, col, cp1252ToUtf8(rest.substr(0, comma)));

@@ -69,7 +69,7 @@ void FaderConfig::apply() {
     func.setCaption(word);
     c_.v.MixDirty = kTrue;  // the mix reads the strip's role from its word
   }
-  placeFader(n, func.caption());
+  placeFader(n, c_.form1.stripWord(n));
   c_.form1.Fader(n).toolTip = Tooltip.text();
   if (!applyController(n)) return;
   uint8_t& look = c_.v.SubKnob[n - kFirstStrip];
@@ -82,21 +82,37 @@ void FaderConfig::apply() {
 
 // The fader is brought to what the strip now controls, so that it shows the
 // present value; moving it runs the strip's fader logic.
-void FaderConfig::placeFader(int n, const std::string& word) {
+void FaderConfig::placeFader(int n, StripWord word) {
   const Variables& v = c_.v;
   int position = -1;
-  if (word == "SMA")
-    position = 255 - v.SubMasterLevel;
-  else if (word == "LV1")
-    position = 255 - v.FX1Level;
-  else if (word == "LV2")
-    position = 255 - v.FX2Level;
-  else if (word == "SP1" || word == "SP2")
-    position = int(roundHalfEven(c_.form1.FXTimer[word == "SP1" ? 0 : 1]->interval() / 5.0));
-  else if (word == "MP0" || word == "MP1")
-    position = int(roundHalfEven(-c_.WMP(word == "MP0" ? 0 : 1).volume() / 12.0));
-  else if (word == "A0B" || word == "A1B" || word == "A0P" || word == "A1P")
-    position = 127;
+  switch (word) {
+    case StripWord::Sma:
+      position = 255 - v.SubMasterLevel;
+      break;
+    case StripWord::Lv1:
+      position = 255 - v.FX1Level;
+      break;
+    case StripWord::Lv2:
+      position = 255 - v.FX2Level;
+      break;
+    case StripWord::Sp1:
+    case StripWord::Sp2:
+      position =
+          int(roundHalfEven(c_.form1.FXTimer[word == StripWord::Sp1 ? 0 : 1]->interval() / 5.0));
+      break;
+    case StripWord::Mp0:
+    case StripWord::Mp1:
+      position = int(roundHalfEven(-c_.WMP(word == StripWord::Mp0 ? 0 : 1).volume() / 12.0));
+      break;
+    case StripWord::A0b:
+    case StripWord::A1b:
+    case StripWord::A0p:
+    case StripWord::A1p:
+      position = 127;
+      break;
+    default:
+      break;  // SUB, BYP and INV keep their fader where it is
+  }
   // A value the fader cannot show (a volume set below the strip's range by
   // hand) leaves it where it is.
   if (position >= 0) c_.form1.Fader(n).setPosition(position);

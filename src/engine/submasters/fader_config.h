@@ -8,6 +8,7 @@
 #include <array>
 
 #include "engine/controls/window.h"
+#include "engine/submasters/function_words.h"
 
 namespace q {
 
@@ -39,7 +40,7 @@ class FaderConfig : public Window {
 
  private:
   bool applyController(int n);
-  void placeFader(int n, const std::string& word);
+  void placeFader(int n, StripWord word);
 
   Console& c_;
   std::array<Lamp*, 5> colors_{};

@@ -2,6 +2,12 @@
 
 namespace q {
 
+StripWord stripWordOf(std::string_view caption) {
+  for (const FunctionWord& f : kFunctionWords)
+    if (caption == f.word) return f.meaning;
+  return caption == kMidiWord ? StripWord::Mid : StripWord::None;
+}
+
 std::string wordForText(const std::string& text) {
   for (const FunctionWord& f : kFunctionWords)
     if (text == f.text) return std::string(f.word);

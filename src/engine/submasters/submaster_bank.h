@@ -11,6 +11,7 @@
 #include <string>
 
 #include "engine/controls/control.h"
+#include "engine/submasters/function_words.h"
 
 namespace q {
 
@@ -51,7 +52,7 @@ class SubmasterBank {
   void wireStrip(int n);
   void wireMenus();
   void addKnobPictures();
-  void applyWord(int n, const std::string& word, int position);
+  void applyWord(int n, StripWord word, int position);
   void playPause(int player);
   void loadKey(int player);
   TextBox* selectedLabel();

@@ -3,6 +3,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "engine/interfaces/interface_list.h"
 #include "support/console_fixture.h"
 
 namespace q {
@@ -100,6 +101,14 @@ TEST_F(SettingsTest, JunkAndDangerousValuesFallBackOrAreBroughtToSafety) {
   EXPECT_EQ(v().LowClockLoop, 20);
   EXPECT_EQ(v().MidiChannel, 1);
   EXPECT_EQ(v().MidiLevel, 255);
+}
+
+TEST_F(SettingsTest, AnInterfaceBeyondTheAdapterTableReadsAsNone) {
+  spit(ini(), "[Setup]\nInterface=" + std::to_string(kAdapterCount) + "\n");
+  console().start();
+  EXPECT_EQ(v().InterfaceType, 0);
+  console().unload();
+  EXPECT_NE(slurp(ini()).find("Interface=0\r\n"), std::string::npos);
 }
 
 TEST_F(SettingsTest, LongValuesAreCutTo128Characters) {

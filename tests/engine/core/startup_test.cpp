@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "engine/playback/cue_record.h"
 #include "support/console_fixture.h"
 
 namespace q {
@@ -49,8 +50,8 @@ TEST_F(StartupTest, ResetDeskClearsScenesSubsAndCueDataButNotMidiOrHighCueColumn
   v().chan(5, 23) = 254;  // a held MIDI note stays lit through the reset
   v().CueCount = 2;
   v().Cues.setCell(2, 1, uint8_t{99});
-  v().Cues.setCell(2, 513, std::string("5"));
-  v().Cues.setCell(2, 522, std::string("1"));
+  v().Cues.setCell(2, cue::kNumber, std::string("5"));
+  v().Cues.setCell(2, cue::kAutoGo, std::string("1"));
   v().Cues.setCell(3, 1, uint8_t{50});  // past CueCount: left alone
   form1().Fader(4).setPosition(0);
   form1().Slabel(4).setText("Wash");
@@ -68,7 +69,7 @@ TEST_F(StartupTest, ResetDeskClearsScenesSubsAndCueDataButNotMidiOrHighCueColumn
   EXPECT_EQ(v().chan(1, 22), 7);
   EXPECT_EQ(v().chan(5, 23), 254);
   EXPECT_TRUE(isEmpty(v().Cues.Cell(2, 1)));
-  EXPECT_TRUE(isEmpty(v().Cues.Cell(2, 513)));
+  EXPECT_TRUE(isEmpty(v().Cues.Cell(2, cue::kNumber)));
   EXPECT_EQ(get("Cues(2,522)"), "1");
   EXPECT_EQ(get("Cues(3,1)"), "50");
   EXPECT_EQ(v().CueCount, 2);

@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "engine/interfaces/interface_list.h"
 #include "engine/interfaces/ola_output.h"
 #include "engine/interfaces/refreshrate.h"
 #include "engine/interfaces/vendor_adapters.h"
@@ -34,6 +35,31 @@ TEST_F(DispatchTest, NoneAndTheParallelPortEntriesProduceNothing) {
   }
   EXPECT_TRUE(factory.ftdis.empty());
   EXPECT_EQ(factory.olaLink, nullptr);
+  EXPECT_TRUE(dialogs.shown.empty());
+}
+
+// Nothing the console reads or offers gives an InterfaceType beyond the
+// adapter table; one put there all the same stands for no adapter anywhere.
+TEST_F(DispatchTest, AnInterfaceTypeBeyondTheTableIsNoAdapter) {
+  factory.provideSunlite = true;
+  factory.provideVelleman = true;
+  console().start();
+  for (int type : {kAdapterCount, 255}) {
+    SCOPED_TRACE(type);
+    v().InterfaceType = uint8_t(type);
+    console().interfaces.startDMX();
+    v().chan(1, kStageColumn) = 200;
+    v().MixDirty = kTrue;
+    advance(300);
+    console().interfaces.stopDMX();
+    form1().menu("mnuInterface").click();
+    EXPECT_EQ(console().interfaces.setupWindow().ComboDevice.text(), "-[ None ]-");
+    console().interfaces.setupWindow().unload();
+  }
+  EXPECT_TRUE(factory.ftdis.empty());
+  EXPECT_EQ(factory.olaLink, nullptr);
+  EXPECT_EQ(factory.sunliteLib, nullptr);
+  EXPECT_EQ(factory.vellemanLib, nullptr) << "no channel handed over from the mix";
   EXPECT_TRUE(dialogs.shown.empty());
 }
 

@@ -25,7 +25,7 @@ class CueFunctionsTest : public PlaybackFixture {
   int functionRow(const std::string& function, const std::string& var = "") {
     addCue({.number = "1", .levels = {{1, 255}}});
     const int row = addCue({.number = "2", .function = function});
-    if (!var.empty()) setCell(row, 521, var);
+    if (!var.empty()) setCell(row, cue::kVar, var);
     addCue({.number = "3", .levels = {{2, 200}}});
     go();
     tick();  // row 0 passes, cue 1 comes into Prog
@@ -98,6 +98,21 @@ TEST_F(CueFunctionsTest, ProgramSubRecordsTheRowIntoItsSubmasterColumn) {
   EXPECT_EQ(get("MixDirty"), "-1");
 }
 
+// Only a hand-edited file holds a function between two whole numbers: inside
+// the program-sub run it programs a submaster, elsewhere it does nothing.
+TEST_F(CueFunctionsTest, AFunctionBetweenWholeNumbersActsOnlyInsideTheProgramSubRun) {
+  const int row = functionRow("12.5");
+  v().Cues.setCell(int16_t(row), 1, uint8_t(77));
+  EXPECT_EQ(get("PROGMem"), "2");
+  passIt();
+  EXPECT_EQ(v().chan(1, 4), 77) << "12.5 - 9 rounds half to even: submaster 3";
+  restart();
+  functionRow("32.5");
+  EXPECT_EQ(get("PROGMem"), "2") << "shown in Prog like the players' 32 to 35";
+  passIt();
+  EXPECT_TRUE(player1.calls.empty());
+}
+
 TEST_F(CueFunctionsTest, FileFunctionsLoadAndAFailureIsShownWhilePlaybackGoesOn) {
   const std::string subs = path("look.qsm");
   std::ofstream(subs) << "SUB:2\r\nNAME:from cue\r\n";
@@ -144,8 +159,8 @@ TEST_F(CueFunctionsTest, LoadCuesLoadThePlayersAsTheyComeUpAndPassOnToTheMemoryC
   const int a = addCue({.number = "2", .function = "31"});
   const int b = addCue({.number = "3", .function = "41"});
   addCue({.number = "4", .levels = {{3, 50}}});
-  setCell(a, 521, "one.wav");
-  setCell(b, 521, "two.wav");
+  setCell(a, cue::kVar, "one.wav");
+  setCell(b, cue::kVar, "two.wav");
   go();
   tick();
   tick();  // cue 1 on Stage; the two load cues are walked through at once

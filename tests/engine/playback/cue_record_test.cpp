@@ -34,22 +34,23 @@ TEST(CueRecord, LevelCellsReadAsBytes) {
 TEST(CueRecord, WipingClearsColumnsOneTo535OfTheRowsInUse) {
   Variables v;
   for (int16_t row : {1, 2, 3})
-    for (int16_t col : {1, 519, 535, 536}) v.Cues.setCell(row, col, std::string("x"));
+    for (int16_t col : {1, cue::kUnused, cue::kLastWiped, cue::kLastWiped + 1})
+      v.Cues.setCell(row, col, std::string("x"));
   v.CueCount = 2;
   wipeCues(v);
   EXPECT_EQ(v.CueCount, 0);
-  for (int16_t col : {1, 519, 535}) {
+  for (int16_t col : {1, cue::kUnused, cue::kLastWiped}) {
     EXPECT_TRUE(v.Cues.cellIsEmpty(1, col));
     EXPECT_TRUE(v.Cues.cellIsEmpty(2, col));
   }
-  EXPECT_FALSE(v.Cues.cellIsEmpty(2, 536));
+  EXPECT_FALSE(v.Cues.cellIsEmpty(2, cue::kLastWiped + 1));
   EXPECT_FALSE(v.Cues.cellIsEmpty(3, 1));  // past CueCount: left alone
 }
 
 TEST(CueRecord, RowsBeyondTheTableReadEmpty) {
   Variables v;
-  v.Cues.setCell(INT16_MIN, 514, std::string("1"));
-  EXPECT_TRUE(isEmpty(cueCell(v, 32768, 514)));
+  v.Cues.setCell(INT16_MIN, cue::kFunction, std::string("1"));
+  EXPECT_TRUE(isEmpty(cueCell(v, 32768, cue::kFunction)));
 }
 
 }  // namespace q

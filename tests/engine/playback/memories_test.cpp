@@ -28,11 +28,11 @@ TEST_F(MemoriesTest, ProgSavePromptsForEmptyBoxesAndStoresTextsTimesAndNonZeroLe
             (std::vector<std::string>{"INPUTBOX Save output to cuelist | Save as Cue Number | 1",
                                       "INPUTBOX Save output to cuelist | Cue Name? | "}));
   EXPECT_EQ(get("CueCount"), "1");
-  EXPECT_EQ(cell(1, 513), "7");
-  EXPECT_EQ(cell(1, 514), "1");
-  EXPECT_EQ(cell(1, 520), "Intro");
-  EXPECT_EQ(cell(1, 515), "5");
-  EXPECT_EQ(cell(1, 518), "2.5");
+  EXPECT_EQ(cell(1, cue::kNumber), "7");
+  EXPECT_EQ(cell(1, cue::kFunction), "1");
+  EXPECT_EQ(cell(1, cue::kName), "Intro");
+  EXPECT_EQ(cell(1, cue::kWaitUp), "5");
+  EXPECT_EQ(cell(1, cue::kDownTime), "2.5");
   EXPECT_EQ(cell(1, 1), "100");
   EXPECT_TRUE(v().Cues.cellIsEmpty(1, 2));  // a zero level is left empty
   EXPECT_EQ(cell(1, 3), "255");
@@ -59,7 +59,7 @@ TEST_F(MemoriesTest, DuplicateNumbersAskOncePerRowAndANoAppends) {
   press("ProgMemSave");
   EXPECT_EQ(dialogs.shown.size(), 2u);
   EXPECT_EQ(get("CueCount"), "4");
-  EXPECT_EQ(cell(4, 513), "5");
+  EXPECT_EQ(cell(4, cue::kNumber), "5");
 
   dialogs.shown.clear();
   v().chan(1, kProgColumn) = 42;
@@ -79,8 +79,8 @@ TEST_F(MemoriesTest, OverwriteKeepsTheRowsOtherFieldsAndChannelsAboveMaxChans) {
   type("PROGName", "n");
   answer({"Yes"});
   press("ProgMemSave");
-  EXPECT_EQ(cell(1, 521), "song.wav");
-  EXPECT_EQ(cell(1, 523), "1");
+  EXPECT_EQ(cell(1, cue::kVar), "song.wav");
+  EXPECT_EQ(cell(1, cue::kPlayer1Action), "1");
   EXPECT_EQ(cell(1, 200), "50");
   EXPECT_EQ(cell(1, 1), "");
 }
@@ -96,7 +96,7 @@ TEST_F(MemoriesTest, StageSaveRecordsTheMixAsItLeavesTheMixer) {
   EXPECT_EQ(get("CueCount"), "1");
   EXPECT_EQ(cell(1, 1), "123");
   EXPECT_EQ(cell(1, 2), "");
-  EXPECT_EQ(cell(1, 513), "");
+  EXPECT_EQ(cell(1, cue::kNumber), "");
 }
 
 TEST_F(MemoriesTest, ProgLoadByNumberTakesTheLastMatchAndNeedsNoNewMix) {

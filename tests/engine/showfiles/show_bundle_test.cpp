@@ -4,6 +4,7 @@
 
 #include <sstream>
 
+#include "engine/playback/cue_record.h"
 #include "files_fixture.h"
 #include "headless/interpreter.h"
 
@@ -29,7 +30,7 @@ class ShowBundleTest : public FilesFixture {
           s.push_back("chan " + std::to_string(ch) + "," + std::to_string(col) + "=" +
                       std::to_string(vars.chan(ch, col)));
     for (int row = 1; row <= vars.CueCount; ++row)
-      for (int col = 1; col <= 535; ++col)
+      for (int col = 1; col <= cue::kLastWiped; ++col)
         if (!vars.Cues.cellIsEmpty(int16_t(row), int16_t(col)))
           s.push_back("cue " + std::to_string(row) + "," + std::to_string(col) + "=" +
                       cell(vars.Cues, row, col));

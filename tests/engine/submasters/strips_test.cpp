@@ -2,6 +2,7 @@
 // flash keys, the column selection and the channel menu.
 
 #include <cmath>
+#include <fstream>
 
 #include "engine/submasters/fader_config.h"
 #include "support/console_fixture.h"
@@ -38,6 +39,50 @@ class StripTest : public ConsoleFixture {
   }
   StatefulPlayer p1, p2;
 };
+
+TEST(StripWords, EveryCaptionMeansItsWordExactlyOrNothing) {
+  for (const FunctionWord& f : kFunctionWords) EXPECT_EQ(stripWordOf(f.word), f.meaning) << f.word;
+  EXPECT_EQ(stripWordOf("MID"), StripWord::Mid);
+  for (const char* none : {"", "sub", "SUB ", "SU", "XYZ"})
+    EXPECT_EQ(stripWordOf(none), StripWord::None) << none;
+}
+
+// The mix and the strip handlers read the word kept beside the caption: it
+// must follow every way the caption changes.
+TEST_F(StripTest, TheKeptWordFollowsEveryWayTheCaptionChanges) {
+  console().start();
+  auto output1 = [&] {
+    v().MixDirty = kTrue;
+    advance(100);
+    return int(v().DMXData[0]);
+  };
+  v().chan(1, kStageColumn) = 100;
+  v().chan(1, 3) = 60;  // strip 4's column
+  fader(4).setPosition(0);
+  EXPECT_EQ(output1(), 100);
+
+  std::ofstream(path("inv.qsm")) << "SUB:2\r\nFUNCTION:INV\r\n";
+  console().files.load("submasters", path("inv.qsm"));
+  EXPECT_EQ(form1().stripWord(4), StripWord::Inv);
+  EXPECT_EQ(output1(), 40);
+
+  word(4, "XYZ");  // no word: no part in the mix
+  EXPECT_EQ(form1().stripWord(4), StripWord::None);
+  EXPECT_EQ(output1(), 100);
+
+  control(indexed("FaderCFG", 4)).mouseDown(MouseButton::Right);
+  FaderConfig& config = console().submasters.config();
+  config.Tipus.setListIndex(11);  // "CHASER 1 LEVEL"
+  config.APPLY.click();
+  EXPECT_EQ(form1().stripWord(4), StripWord::Lv1);
+  fader(4).setPosition(55);
+  EXPECT_EQ(v().FX1Level, 200);
+
+  form1().menu("mnuNew").click();  // RESET DESK, answered OK
+  EXPECT_EQ(form1().stripWord(4), StripWord::Sub);
+  for (int n = kFirstStrip; n <= kLastStrip; ++n)
+    EXPECT_EQ(form1().stripWord(n), stripWordOf(form1().FaderFunc(n).caption())) << n;
+}
 
 TEST_F(StripTest, LevelWordsStoreTheInvertedPosition) {
   struct Case {
