@@ -32,7 +32,9 @@ TEST_F(Catalogue, NamesEachWindowOnceWithAPlaceInTheUnload) {
   for (const WindowEntry& e : kWindowCatalogue) {
     EXPECT_TRUE(names.insert(e.name).second) << e.name;
     EXPECT_TRUE(openers.insert(e.opener).second) << e.opener;
-    if (e.unloadOrder >= 0) EXPECT_TRUE(places.insert(e.unloadOrder).second) << e.name;
+    if (e.unloadOrder >= 0) {
+      EXPECT_TRUE(places.insert(e.unloadOrder).second) << e.name;
+    }
   }
   EXPECT_EQ(places.size(), 14u);
   EXPECT_EQ(WindowCatalogue::openedBy("mnuCueList")->name, "Cuewin");
