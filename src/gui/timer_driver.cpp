@@ -1,7 +1,5 @@
 #include "gui/timer_driver.h"
 
-#include <QAbstractEventDispatcher>
-#include <QThread>
 #include <algorithm>
 #include <climits>
 
@@ -14,12 +12,6 @@ TimerDriver::TimerDriver(Scheduler& scheduler) : scheduler_(scheduler) {
   timer_.setTimerType(Qt::PreciseTimer);
   connect(&timer_, &QTimer::timeout, this, &TimerDriver::runDue);
   scheduler_.onChanged = [this] { rearm(); };
-  // Before the loop sleeps, and when a loop that never sleeps (a test's wait)
-  // goes round again.
-  if (auto* loop = QAbstractEventDispatcher::instance(thread())) {
-    connect(loop, &QAbstractEventDispatcher::aboutToBlock, this, &TimerDriver::rearm);
-    connect(loop, &QAbstractEventDispatcher::awake, this, &TimerDriver::rearm);
-  }
   rearm();
 }
 
@@ -37,6 +29,7 @@ void TimerDriver::runDue() {
 
 void TimerDriver::rearm() {
   const int64_t due = scheduler_.nextDue();
+  // A start or stop of another timer often leaves the earliest tick where it was.
   if (due == armedFor_ && (due < 0 || timer_.isActive())) return;
   armedFor_ = due;
   if (due < 0) {

@@ -1,9 +1,8 @@
 #pragma once
 // Delivers the console's timer ticks from the Qt event loop: one precise
 // single-shot timer is armed for the earliest tick due, and re-armed after
-// each delivery, whenever the console starts, stops or re-times a timer, and
-// before the event loop sleeps (an event may have woken a resting output
-// tick). Between ticks the desk sleeps: nothing polls.
+// each delivery and whenever the console starts, stops or re-times a timer.
+// Nothing else moves a tick, so between ticks the desk sleeps: nothing polls.
 
 #include <QObject>
 #include <QTimer>

@@ -34,26 +34,6 @@ TEST_F(TimerDriverTest, TicksArriveOnTimeFromTheEventLoop) {
   EXPECT_EQ(ticks, stopped);
 }
 
-// A resting output tick wakes as soon as any event handler gives it
-// something to do, not at the end of its rest.
-TEST_F(TimerDriverTest, AnEventEndsTheRestOfARestingTimerAtOnce) {
-  Timer output("DMXTimer", scheduler, 20);
-  bool dirty = false;
-  int ticks = 0;
-  output.restWhile = [&] { return !dirty; };
-  output.onTick = [&] {
-    ++ticks;
-    dirty = false;
-  };
-  output.setRunning(true);
-  QTest::qWait(300);
-  EXPECT_EQ(ticks, 0) << "resting, its first tick is a second away";
-  QTimer::singleShot(0, [&] { dirty = true; });
-  EXPECT_TRUE(QTest::qWaitFor([&] { return ticks == 1; }, 150));
-  QTest::qWait(200);
-  EXPECT_EQ(ticks, 1) << "and rests again";
-}
-
 // A handler that opens a modal box runs the event loop inside its tick: the
 // output goes on meanwhile, and the waiting timer is not entered a second time.
 TEST_F(TimerDriverTest, OtherTimersTickWhileAHandlerWaitsInTheEventLoop) {

@@ -27,14 +27,6 @@ class Timer : public Control {
   std::function<void()> onTick;
   void tick();
 
-  // A timer may rest: while restWhile holds, its ticks would change nothing
-  // and it ticks only once every restMs. The moment the condition ends, a
-  // tick that fell due meanwhile comes at once, then the timer keeps its
-  // interval again.
-  std::function<bool()> restWhile;
-  int restMs = 1000;
-  bool resting() const { return restWhile && restWhile(); }
-
   std::string value() const override { return running_ ? "-1" : "0"; }
 
  private:
@@ -43,7 +35,6 @@ class Timer : public Control {
   int interval_;
   bool running_ = false;
   int64_t due_ = 0;         // when the next tick falls due, in clock ms
-  int64_t lastTick_ = 0;    // when it last ticked, in clock ms
   uint64_t enableSeq_ = 0;  // order of enabling, for ticks due at the same instant
   // Inside its own tick: a tick delivered from a loop that the handler runs
   // (a modal box on the desk) skips this timer rather than enter it twice.

@@ -2,6 +2,9 @@
 // Delivers timer ticks on the one console thread. The host loop (Qt event
 // loop, headless poll loop) asks when the next tick is due and calls
 // runDue(); with a virtual clock, advance() walks time forward tick by tick.
+//
+// Every timer keeps its own beat from the moment it was enabled: a tick is
+// due at start + n x interval, whatever happened meanwhile.
 
 #include <cstdint>
 #include <functional>
@@ -21,15 +24,13 @@ class Scheduler {
   int64_t now() const { return clock_.nowMs(); }
 
   // Fires every tick due at or before now, in time order; ticks due at the
-  // same instant fire in the order their timers were enabled. A late timer
-  // fires once and then counts its next period from now, as a late tick
-  // of a real timer does.
+  // same instant fire in the order their timers were enabled. A late tick
+  // fires once; the ticks it missed are not made up, and the next one falls
+  // on the timer's beat again.
   void runDue();
   // Virtual clock only: moves time to now+ms, firing each due tick at its instant.
   void advance(VirtualClock& clock, int64_t ms);
-  // Earliest due time of a running timer, or -1 when none runs. A timer
-  // that may rest (see Timer::restWhile) can come due earlier after any
-  // event handler, so the host asks again before it sleeps.
+  // Earliest due time of a running timer, or -1 when none runs.
   int64_t nextDue() const;
 
   // Called by the host to learn that the timer set changed (re-arm a wakeup).
@@ -44,8 +45,6 @@ class Scheduler {
   void changed() {
     if (onChanged) onChanged();
   }
-  // When a timer's next tick falls due, counting a resting timer's rest.
-  static int64_t dueOf(const Timer* t);
   Timer* earliestDue(int64_t limit) const;
   void fire(Timer* t);
 

@@ -52,10 +52,9 @@ InterfaceLayer::InterfaceLayer(Console& c) : c_(c) {
   c_.names.add("OlaPort", [this] { return std::to_string(OlaPort); });
   c_.names.add("WidgetPort", [this] { return WidgetPort; });
   c_.names.add("ContinuousOutput", [this] { return ContinuousOutput ? "1" : "0"; });
-  c_.form1.DMXTimer.restWhile = [this] { return outputMayRest(); };
 }
 
-InterfaceLayer::~InterfaceLayer() { c_.form1.DMXTimer.restWhile = nullptr; }
+InterfaceLayer::~InterfaceLayer() = default;
 
 DeviceFactory& InterfaceLayer::factory() {
   return c_.host().devices ? *c_.host().devices : fallbackFactory_;
@@ -69,6 +68,7 @@ void InterfaceLayer::stopDMX() { stop(c_.v.InterfaceType); }
 
 void InterfaceLayer::start(int type) {
   Variables& v = c_.v;
+  heldFrame_.reset();
   switch (type) {
     case kOpenDmx:
     case kHumanData:
@@ -95,16 +95,19 @@ void InterfaceLayer::start(int type) {
 
 void InterfaceLayer::sendFrame() {
   Variables& v = c_.v;
+  const uint8_t* frame = v.DMXData.data();
   switch (v.InterfaceType) {
     case kOpenDmx:
     case kHumanData:
     case kNextec:
-      if (ftdi_) ftdi_->sendFrame(v.DMXData.data(), c_.form1.DMXTimer.interval());
+      // Without a line thread (a fake device) the tick itself is the line.
+      if (ftdi_ && (!ftdi_->wire() || heldFrame_.pass(frame, c_.scheduler.now())))
+        ftdi_->sendFrame(frame, c_.form1.DMXTimer.interval());
       break;
     case kPro:
       // While the widget's Init waits for its answer it lets ticks run; the
       // frame waits for the widget to be set up.
-      if (!widgetInitRunning_) widget().Set_DMX_OUT(v.DMXData.data());
+      if (!widgetInitRunning_) widget().Set_DMX_OUT(frame);
       break;
     case kSunlite:
       sunlite().send(v.MaxChans, v.DMXData.data());
@@ -113,7 +116,8 @@ void InterfaceLayer::sendFrame() {
       oksid().tick(int16_t(v.PortBase), v.DMXData.data());
       break;
     case kOla:
-      ola_->sendFrame(v.DMXData.data(), c_.form1.DMXTimer.interval());
+      if (ContinuousOutput || heldFrame_.pass(frame, c_.scheduler.now()))
+        ola_->sendFrame(frame, c_.form1.DMXTimer.interval());
       break;
     default:
       // 8 has sent its channels from inside the mix; 0, 3 and 4 have no output.
@@ -121,28 +125,8 @@ void InterfaceLayer::sendFrame() {
   }
 }
 
-bool InterfaceLayer::outputMayRest() const {
-  if (c_.v.MixDirty) return false;
-  switch (c_.v.InterfaceType) {
-    case kNone:
-    case kManolator:
-    case kTovan:
-    case kVelleman:
-      return true;
-    case kOla:
-      // A continuous stream comes from the OLA line itself when it has one.
-      return !ContinuousOutput || ola_->wire();
-    case kOpenDmx:
-    case kHumanData:
-    case kNextec:
-      return ftdi_ && ftdi_->wire();
-    default:
-      // The DMX USB PRO, the Sunlite and the OksiD are handed every frame.
-      return false;
-  }
-}
-
 void InterfaceLayer::stop(int type, bool fromSetupWindow) {
+  heldFrame_.reset();
   switch (type) {
     case kOpenDmx:
     case kHumanData:

@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "engine/interfaces/ftdi_frame_sender.h"
 #include "engine/interfaces/ola_output.h"
 #include "engine/interfaces/refreshrate.h"
 #include "engine/interfaces/vendor_adapters.h"
@@ -95,23 +96,27 @@ TEST_F(DispatchTest, TheVellemanTakesEachChannelFromInsideTheMix) {
   EXPECT_EQ(lib.calls.back(), "StopDevice");
 }
 
-// olad keeps its universe, so while nothing changes the output tick rests
-// and the frame goes once a second; a change comes through at the next tick.
-TEST_F(DispatchTest, OlaGetsEachChangeAtOnceAndTheFrameOnceASecondMeanwhile) {
+// olad keeps its universe: the output tick hands it each new frame and the
+// same frame again only about once a second. The tick keeps its beat, so a
+// change waits for the next regular tick.
+TEST_F(DispatchTest, OlaGetsEachChangeAtTheNextTickAndTheSameFrameOnceASecond) {
   startWith("Interface=10\r\nOlaUniverse=7\r\nOlaPort=9999\r\nDMXRate=100\r\n");
   FakeOla& ola = *factory.olaLink;
   EXPECT_EQ(ola.lastPort, 9999);
-  advance(300);
-  ASSERT_EQ(ola.sent.size(), 1u) << "the first frame, then a rest";
+  advance(310);
+  ASSERT_EQ(ola.sent.size(), 1u) << "the first frame at 100, then nothing new";
   v().DMXData[0] = 12;
   v().DMXData[511] = 34;
-  advance(800);
-  ASSERT_EQ(ola.sent.size(), 2u) << "a second after the first";
+  advance(89);
+  EXPECT_EQ(ola.sent.size(), 1u) << "a change waits for the tick at 400";
+  advance(1);
+  ASSERT_EQ(ola.sent.size(), 2u);
   EXPECT_EQ(ola.sent.back().first, 7u);
   EXPECT_EQ(ola.sent.back().second, std::vector<uint8_t>(v().DMXData.begin(), v().DMXData.end()));
-  v().MixDirty = kTrue;
-  advance(100);
-  EXPECT_EQ(ola.sent.size(), 3u) << "a change goes at the next tick";
+  advance(999);
+  EXPECT_EQ(ola.sent.size(), 2u);
+  advance(1);
+  EXPECT_EQ(ola.sent.size(), 3u) << "the keep-alive, a second after the last frame";
 
   console().interfaces.ContinuousOutput = true;
   advance(300);
@@ -124,15 +129,19 @@ TEST_F(DispatchTest, OlaGetsEachChangeAtOnceAndTheFrameOnceASecondMeanwhile) {
   EXPECT_NE(text.find("ContinuousOutput=1\r\n"), std::string::npos);
 }
 
-// An adapter handed every frame (here the Sunlite) never rests.
-TEST_F(DispatchTest, AdaptersHandedEveryFrameKeepEveryTick) {
-  startWith("Interface=5\r\nDMXRate=100\r\n");
-  v().MixDirty = kFalse;
-  EXPECT_FALSE(console().interfaces.outputMayRest());
-  v().InterfaceType = 10;
-  EXPECT_TRUE(console().interfaces.outputMayRest());
-  v().MixDirty = kTrue;
-  EXPECT_FALSE(console().interfaces.outputMayRest());
+// An FTDI line thread refreshes the wire by itself, so it too is handed only
+// new frames and a keep-alive; without a line (a fake chip) the tick is the line.
+TEST_F(DispatchTest, AnFtdiLineIsHandedNewFramesAndAKeepAliveOnly) {
+  factory.wire = true;
+  startWith("Interface=1\r\nDMXRate=100\r\n");
+  const WireThread* line = console().interfaces.ftdiSender()->wire();
+  ASSERT_NE(line, nullptr);
+  advance(2100);
+  EXPECT_EQ(line->handOvers(), 3u) << "at 100, then keep-alives at 1100 and 2100";
+  v().DMXData[4] = 99;
+  advance(100);
+  EXPECT_EQ(line->handOvers(), 4u);
+  console().interfaces.stopDMX();
 }
 
 TEST_F(DispatchTest, WithoutOladTheConsoleSaysSoOnceAndRetriesOnceASecond) {
