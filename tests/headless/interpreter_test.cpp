@@ -145,6 +145,18 @@ TEST_F(InterpreterTest, AHandlerThatThrowsBecomesAnErrorLine) {
   EXPECT_EQ(out, "ERROR line 1: click failed: boom\nGrandMaster = 255\n");
 }
 
+// A timer's handler that throws is a failure of the console, not of the
+// script: it shows the failure box and the line stands.
+TEST_F(InterpreterTest, ATickThatThrowsShowsTheFailureBox) {
+  form1().FXTimer[0]->onTick = [] { throw std::runtime_error("boom"); };
+  form1().FXTimer[0]->setInterval(100);
+  form1().FXTimer[0]->setRunning(true);
+  EXPECT_EQ(run({"tick FXTimer(0)", "advance 100", "get FXTimer(0)"}),
+            "MSGBOX Quintara | FXTimer(0) failed: boom\n"
+            "MSGBOX Quintara | FXTimer(0) failed: boom\nFXTimer(0) = -1\n");
+  EXPECT_EQ(in().errorCount(), 0);
+}
+
 // --- acting on controls ------------------------------------------------------
 
 TEST_F(InterpreterTest, PressDeliversDownUpThenClickWithTheButton) {

@@ -25,6 +25,8 @@ class Timer : public Control {
   void setInterval(int ms);
 
   std::function<void()> onTick;
+  // One tick now, outside the timer's period (the command language's `tick`).
+  // A handler that fails is reported as a failure of this timer, never thrown.
   void tick();
 
   std::string value() const override { return running_ ? "-1" : "0"; }

@@ -1,7 +1,9 @@
 #include "engine/core/scheduler.h"
 
 #include <algorithm>
+#include <exception>
 
+#include "engine/controls/handler_scope.h"
 #include "engine/controls/timer.h"
 
 namespace q {
@@ -39,17 +41,47 @@ int64_t Scheduler::nextDue() const {
   return t ? t->due_ : -1;
 }
 
+std::string Scheduler::runTick(Timer& t) {
+  // Marks the timer as inside its tick for as long as the handler runs,
+  // however it ends.
+  struct Firing {
+    explicit Firing(Timer& timer) : t(timer), was(timer.firing_) { t.firing_ = true; }
+    ~Firing() { t.firing_ = was; }
+    Timer& t;
+    bool was;
+  } firing(t);
+  try {
+    HandlerScope scope;
+    if (t.onTick) t.onTick();
+    return {};
+  } catch (const std::exception& e) {
+    return t.name() + " failed: " + e.what();
+  } catch (...) {
+    return t.name() + " failed";
+  }
+}
+
+void Scheduler::tellFailure(const std::string& failure) {
+  if (failure.empty() || !onTickFailed) return;
+  try {
+    onTickFailed(failure);
+  } catch (...) {
+    // Telling the operator failed too; the ticks go on all the same.
+  }
+}
+
 void Scheduler::fire(Timer* t) {
   const int64_t due = t->due_;
   const uint64_t seq = t->enableSeq_;
-  t->firing_ = true;
-  t->tick();
-  t->firing_ = false;
+  const std::string failure = runTick(*t);
   // The handler may have stopped, restarted or re-timed its own timer; only
   // an untouched timer moves on along its beat.
   if (t->running_ && t->due_ == due && t->enableSeq_ == seq)
     t->due_ = nextOnBeat(due, std::max(1, t->interval_), now());
+  tellFailure(failure);
 }
+
+void Scheduler::tickNow(Timer& t) { tellFailure(runTick(t)); }
 
 void Scheduler::runDue() {
   const int64_t limit = now();

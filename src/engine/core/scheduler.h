@@ -4,10 +4,13 @@
 // runDue(); with a virtual clock, advance() walks time forward tick by tick.
 //
 // Every timer keeps its own beat from the moment it was enabled: a tick is
-// due at start + n x interval, whatever happened meanwhile.
+// due at start + n x interval, whatever happened meanwhile. A handler that
+// fails never stops its timer: the failure is caught at the tick, told once
+// the tick has returned, and the timer goes on on its beat.
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "engine/core/clock.h"
@@ -32,9 +35,14 @@ class Scheduler {
   void advance(VirtualClock& clock, int64_t ms);
   // Earliest due time of a running timer, or -1 when none runs.
   int64_t nextDue() const;
+  // One tick of t now, outside its beat.
+  void tickNow(Timer& t);
 
   // Called by the host to learn that the timer set changed (re-arm a wakeup).
   std::function<void()> onChanged;
+  // Told what failed ("FXTimer(0) failed: ..."), after the failing tick has
+  // returned, so the timer is no longer inside its tick while the operator reads it.
+  std::function<void(const std::string& failure)> onTickFailed;
 
  private:
   friend class Timer;
@@ -47,6 +55,9 @@ class Scheduler {
   }
   Timer* earliestDue(int64_t limit) const;
   void fire(Timer* t);
+  // Runs t's handler; what failed, or empty when it went well.
+  static std::string runTick(Timer& t);
+  void tellFailure(const std::string& failure);
 
   Clock& clock_;
   std::vector<Timer*> timers_;

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "engine/controls/registry.h"
 #include "engine/controls/scroller.h"
 #include "engine/controls/timer.h"
@@ -86,6 +88,45 @@ TEST(Scheduler, ALateTickKeepsTheBeat) {
   EXPECT_EQ(sched.nextDue(), 500);
   clock.set(500);
   sched.runDue();
+  EXPECT_EQ(sched.nextDue(), 600);
+}
+
+// A handler that throws never silences its timer: the timer keeps its beat,
+// and the failure is told once the tick has returned. On the desk the box
+// runs the event loop while the operator reads it; the ticks go on there,
+// the failed timer's among them.
+TEST(Scheduler, AFailingTickIsToldAfterItReturnsAndTheTimerGoesOn) {
+  VirtualClock clock;
+  Scheduler sched(clock);
+  Timer fx("FXTimer(0)", sched, 100), dmx("DMXTimer", sched, 100);
+  int dmxTicks = 0;
+  dmx.onTick = [&] { ++dmxTicks; };
+  fx.onTick = [&] { throw std::runtime_error("step lost"); };
+  std::vector<std::string> told;
+  sched.onTickFailed = [&](const std::string& failure) {
+    told.push_back(failure);
+    if (told.size() > 1) return;
+    clock.set(250);  // the operator reads the first box for 150 ms
+    sched.runDue();
+  };
+  dmx.setRunning(true);
+  fx.setRunning(true);
+  clock.set(100);
+  sched.runDue();
+  EXPECT_EQ(told, std::vector<std::string>(2, "FXTimer(0) failed: step lost"));
+  EXPECT_EQ(dmxTicks, 2) << "the output tick of 200 came under the box";
+  EXPECT_TRUE(fx.isEnabled());
+  EXPECT_EQ(sched.nextDue(), 300) << "both on their beat again";
+
+  sched.advance(clock, 200);
+  EXPECT_EQ(told.size(), 4u);
+  EXPECT_EQ(dmxTicks, 4);
+  fx.onTick = [] { throw 42; };
+  fx.tick();  // one tick outside the beat, as the command language gives it
+  EXPECT_EQ(told.back(), "FXTimer(0) failed");
+  sched.onTickFailed = [](const std::string&) { throw std::runtime_error("no box"); };
+  sched.advance(clock, 100);
+  EXPECT_EQ(dmxTicks, 5) << "a failure that cannot even be told stops nothing";
   EXPECT_EQ(sched.nextDue(), 600);
 }
 
