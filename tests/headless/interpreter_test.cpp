@@ -69,6 +69,15 @@ TEST_F(InterpreterTest, TableCellsAndListsPrintTheirContent) {
   EXPECT_EQ(run("get TestLamp"), "TestLamp = Led_On2\n");
 }
 
+TEST_F(InterpreterTest, RealNumbersPrintWithAtMost15SignificantDigits) {
+  v().Cues.setCell(3, 1, Value(12.75));
+  v().Cues.setCell(3, 2, Value(-1.0 / 3));
+  v().Player1Rate = 256.0 / 254;
+  EXPECT_EQ(run({"get Cues(3,1)", "get Cues(3,2)", "get Player1Rate"}),
+            "Cues(3,1) = 12.75\nCues(3,2) = -0.333333333333333\n"
+            "Player1Rate = 1.00787401574803\n");
+}
+
 TEST_F(InterpreterTest, DmxPrintsTheOutgoingFrameOverTheAskedSlots) {
   v().DMXData[0] = 255;
   v().DMXData[1] = 7;
