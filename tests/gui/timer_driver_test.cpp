@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "desk_fixture.h"
 #include "engine/controls/timer.h"
@@ -32,6 +33,33 @@ TEST_F(TimerDriverTest, TicksArriveOnTimeFromTheEventLoop) {
   const int stopped = ticks;
   QTest::qWait(100);
   EXPECT_EQ(ticks, stopped);
+}
+
+// A tick that would change nothing does not wake the desk; once an event
+// gives it work, the next tick of the beat comes, and then it is idle again.
+TEST_F(TimerDriverTest, IdleTicksLeaveTheDeskAsleepUntilAnEventGivesThemWork) {
+  Timer output("DMXTimer", scheduler, 20);
+  bool dirty = false;
+  std::vector<int64_t> at;
+  output.idleUntil = [&] { return dirty ? INT64_MIN : Timer::kIdleForever; };
+  output.onTick = [&] {
+    at.push_back(clock.nowMs());
+    dirty = false;
+  };
+  const int64_t start = scheduler.now();
+  output.setRunning(true);
+  QTest::qWait(200);
+  EXPECT_TRUE(at.empty());
+  int64_t changed = 0;
+  QTimer::singleShot(50, [&] {
+    changed = scheduler.now();
+    dirty = true;
+  });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !at.empty(); }, 300));
+  const int64_t beat = start + ((changed - start) / 20 + 1) * 20;
+  EXPECT_GE(at[0], beat) << "the change waited for the next tick of the beat";
+  QTest::qWait(100);
+  EXPECT_EQ(at.size(), 1u);
 }
 
 // A handler that opens a modal box runs the event loop inside its tick: the

@@ -29,6 +29,15 @@ class Timer : public Control {
   // A handler that fails is reported as a failure of this timer, never thrown.
   void tick();
 
+  // Until when a tick of this timer would change nothing, as far as the
+  // console can tell now: the output tick while the mix is clean and the
+  // receiver holds the frame. kIdleForever while nothing changes; a time
+  // not after the tick's own when it has work. The ticks fall due all the
+  // same; a host on a real clock only need not wake for them
+  // (Scheduler::nextWake, Scheduler::passIdleTicks).
+  std::function<int64_t()> idleUntil;
+  static constexpr int64_t kIdleForever = INT64_MAX;
+
   std::string value() const override { return running_ ? "-1" : "0"; }
 
  private:

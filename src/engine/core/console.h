@@ -95,6 +95,9 @@ class Console {
   void askMaxChans();
   // One tick of DMXTimer: mix if dirty, then send the frame, also when the mix failed.
   void outputTick();
+  // Until when an output tick would change nothing: while the mix is clean
+  // and the adapter has nothing to take (see Timer::idleUntil).
+  int64_t outputIdleUntil() const;
   bool hasSwitch(const std::string& sw) const;
 
   // The desk hooks its picture work into the load sequence.

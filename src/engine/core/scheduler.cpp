@@ -14,6 +14,12 @@ int64_t nextOnBeat(int64_t due, int64_t interval, int64_t now) {
   if (due + interval > now) return due + interval;
   return due + ((now - due) / interval + 1) * interval;
 }
+
+// The first instant of the beat through due that is not before from.
+int64_t beatFrom(int64_t due, int64_t interval, int64_t from) {
+  if (due >= from) return due;
+  return due + ((from - due + interval - 1) / interval) * interval;
+}
 }  // namespace
 
 void Scheduler::remove(Timer* t) { std::erase(timers_, t); }
@@ -39,6 +45,30 @@ Timer* Scheduler::earliestDue(int64_t limit) const {
 int64_t Scheduler::nextDue() const {
   Timer* t = earliestDue(INT64_MAX);
   return t ? t->due_ : -1;
+}
+
+int64_t Scheduler::wakeFor(const Timer& t) {
+  if (!t.idleUntil) return t.due_;
+  const int64_t until = t.idleUntil();
+  if (until == Timer::kIdleForever) return until;
+  return beatFrom(t.due_, std::max(1, t.interval_), until);
+}
+
+int64_t Scheduler::nextWake() const {
+  int64_t best = Timer::kIdleForever;
+  for (const Timer* t : timers_)
+    if (t->running_ && !t->firing_) best = std::min(best, wakeFor(*t));
+  return best == Timer::kIdleForever ? -1 : best;
+}
+
+void Scheduler::passIdleTicks() {
+  const int64_t t0 = now();
+  for (Timer* t : timers_) {
+    if (!t->running_ || t->firing_ || !t->idleUntil || t->due_ > t0) continue;
+    // Up to the first tick with work, or past now when there is none yet.
+    const int64_t until = std::min(t->idleUntil(), t0 + 1);
+    t->due_ = beatFrom(t->due_, std::max(1, t->interval_), until);
+  }
 }
 
 std::string Scheduler::runTick(Timer& t) {

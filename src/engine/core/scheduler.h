@@ -35,6 +35,16 @@ class Scheduler {
   void advance(VirtualClock& clock, int64_t ms);
   // Earliest due time of a running timer, or -1 when none runs.
   int64_t nextDue() const;
+
+  // For a host on a real clock, which need not wake for a tick that would
+  // change nothing (Timer::idleUntil). When to wake next: the earliest tick
+  // due that may have work, on its timer's beat; -1 when none is to come.
+  int64_t nextWake() const;
+  // The same host, after the loop went round and before the next event is
+  // handled: the ticks due by now that would change nothing are passed over
+  // as if they had fired, so a change made by that event waits for the next
+  // tick of the beat.
+  void passIdleTicks();
   // One tick of t now, outside its beat.
   void tickNow(Timer& t);
 
@@ -54,6 +64,8 @@ class Scheduler {
     if (onChanged) onChanged();
   }
   Timer* earliestDue(int64_t limit) const;
+  // When t next has a tick that may have work; Timer::kIdleForever for none.
+  static int64_t wakeFor(const Timer& t);
   void fire(Timer* t);
   // Runs t's handler; what failed, or empty when it went well.
   static std::string runTick(Timer& t);

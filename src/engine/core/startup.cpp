@@ -34,6 +34,11 @@ void Console::outputTick() {
   if (mixFailed) std::rethrow_exception(mixFailed);
 }
 
+int64_t Console::outputIdleUntil() const {
+  if (v.MixDirty != kFalse) return INT64_MIN;
+  return interfaces.frameIdleUntil();
+}
+
 void Console::loadForm1() {
   closed_ = false;
   v.EditColumn = 1;
@@ -115,6 +120,7 @@ void Console::askMaxChans() {
 
 void Console::wireMainMenu() {
   form1.DMXTimer.onTick = [this] { outputTick(); };
+  form1.DMXTimer.idleUntil = [this] { return outputIdleUntil(); };
   form1.menu("mnuNew").onClick = [this] { resetDesk(); };
   form1.menu("mnuExit").onClick = [this] { queryClose(); };
   form1.menu("mnuMaxchans").onClick = [this] { askMaxChans(); };

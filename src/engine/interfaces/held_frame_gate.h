@@ -26,6 +26,12 @@ class HeldFrameGate {
     primed_ = true;
     return true;
   }
+  // When this frame is next to be handed over: at once when it is new
+  // (INT64_MIN), else when the keep-alive falls due.
+  int64_t nextHandOver(const uint8_t* frame) const {
+    if (!primed_ || std::memcmp(last_.data(), frame, last_.size()) != 0) return INT64_MIN;
+    return lastMs_ + kKeepAliveMs;
+  }
   // A new receiver gets the next frame whatever it holds.
   void reset() { primed_ = false; }
 

@@ -125,6 +125,26 @@ void InterfaceLayer::sendFrame() {
   }
 }
 
+int64_t InterfaceLayer::frameIdleUntil() const {
+  const uint8_t* frame = c_.v.DMXData.data();
+  switch (c_.v.InterfaceType) {
+    case kNone:
+    case kManolator:
+    case kTovan:
+    case kVelleman:
+      // Nothing goes out per tick; the Velleman takes its levels inside the mix.
+      return INT64_MAX;
+    case kOla:
+      return ContinuousOutput ? INT64_MIN : heldFrame_.nextHandOver(frame);
+    case kOpenDmx:
+    case kHumanData:
+    case kNextec:
+      return ftdi_ && ftdi_->wire() ? heldFrame_.nextHandOver(frame) : INT64_MIN;
+    default:
+      return INT64_MIN;
+  }
+}
+
 void InterfaceLayer::stop(int type, bool fromSetupWindow) {
   heldFrame_.reset();
   switch (type) {

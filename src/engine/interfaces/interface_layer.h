@@ -38,6 +38,10 @@ class InterfaceLayer {
   // unchanged frame only as a keep-alive (HeldFrameGate); every other adapter
   // gets every frame.
   void sendFrame();
+  // Until when the frame dispatch has nothing to hand over while the frame
+  // stays as it is: INT64_MAX when the adapter takes nothing per tick,
+  // INT64_MIN when it takes every frame or this one is new.
+  int64_t frameIdleUntil() const;
   // ContinuousOutput=1 in the settings hands olad every frame all the same,
   // for receivers that want a steady stream.
   bool ContinuousOutput = false;

@@ -91,6 +91,50 @@ TEST(Scheduler, ALateTickKeepsTheBeat) {
   EXPECT_EQ(sched.nextDue(), 600);
 }
 
+// A host on a real clock need not wake for ticks that would change nothing.
+// Passed over, they keep their beat: work that comes meanwhile waits for
+// the next tick of the beat, and every tick still falls due for the
+// virtual clock.
+TEST(Scheduler, IdleTicksArePassedOverOnTheirBeat) {
+  VirtualClock clock;
+  Scheduler sched(clock);
+  Timer dmx("DMXTimer", sched, 25), fx("FXTimer(0)", sched, 100);
+  bool dirty = false;
+  int64_t keepAlive = 1000;
+  std::vector<int64_t> at;
+  dmx.idleUntil = [&] { return dirty ? INT64_MIN : keepAlive; };
+  dmx.onTick = [&] {
+    at.push_back(clock.nowMs());
+    dirty = false;
+    keepAlive = clock.nowMs() + 1000;
+  };
+  dmx.setRunning(true);
+  EXPECT_EQ(sched.nextDue(), 25);
+  EXPECT_EQ(sched.nextWake(), 1000) << "the first tick with work: the keep-alive";
+
+  clock.set(510);  // the desk slept; an event comes
+  sched.passIdleTicks();
+  EXPECT_EQ(sched.nextDue(), 525) << "the ticks of 25 to 500 are over";
+  dirty = true;  // the event moved a fader
+  EXPECT_EQ(sched.nextWake(), 525) << "on the beat, not at once";
+  clock.set(525);
+  sched.passIdleTicks();
+  sched.runDue();
+  EXPECT_EQ(at, std::vector<int64_t>{525});
+  EXPECT_EQ(sched.nextWake(), 1525);
+
+  fx.setRunning(true);  // steps at 625, 725 ...
+  EXPECT_EQ(sched.nextWake(), 625);
+  clock.set(625);
+  sched.passIdleTicks();
+  sched.runDue();
+  EXPECT_EQ(at.size(), 1u) << "the output tick of 625 had nothing to do";
+  keepAlive = Timer::kIdleForever;
+  fx.setRunning(false);
+  EXPECT_EQ(sched.nextWake(), -1) << "nothing to wake for";
+  EXPECT_EQ(sched.nextDue(), 650);
+}
+
 // A handler that throws never silences its timer: the timer keeps its beat,
 // and the failure is told once the tick has returned. On the desk the box
 // runs the event loop while the operator reads it; the ticks go on there,

@@ -129,6 +129,37 @@ TEST_F(DispatchTest, OlaGetsEachChangeAtTheNextTickAndTheSameFrameOnceASecond) {
   EXPECT_NE(text.find("ContinuousOutput=1\r\n"), std::string::npos);
 }
 
+// The output tick has nothing to do while the mix is clean and the adapter
+// has nothing to take: a desk need not wake for it until a keep-alive or a
+// change is due, and the adapters handed every frame always have work.
+TEST_F(DispatchTest, TheOutputTickIsIdleOnlyWhileTheAdapterHasNothingToTake) {
+  startWith("Interface=10\r\nDMXRate=100\r\n");
+  advance(150);  // the first frame went to olad at 100
+  v().MixDirty = kFalse;
+  Scheduler& s = console().scheduler;
+  EXPECT_EQ(s.nextDue(), 200);
+  EXPECT_EQ(s.nextWake(), 1100) << "the keep-alive";
+  v().MixDirty = kTrue;
+  EXPECT_EQ(s.nextWake(), 200);
+  v().MixDirty = kFalse;
+  v().DMXData[0] = 1;  // a frame olad has not had
+  EXPECT_EQ(s.nextWake(), 200);
+  v().DMXData[0] = 0;
+  console().interfaces.ContinuousOutput = true;
+  EXPECT_EQ(s.nextWake(), 200);
+  console().interfaces.ContinuousOutput = false;
+
+  for (int type : {0, 3, 4, 8}) {
+    v().InterfaceType = uint8_t(type);
+    EXPECT_EQ(s.nextWake(), -1) << "interface " << type << " takes nothing per tick";
+  }
+  for (int type : {2, 5, 7}) {
+    v().InterfaceType = uint8_t(type);
+    EXPECT_EQ(s.nextWake(), 200) << "interface " << type << " takes every frame";
+  }
+  v().InterfaceType = 10;
+}
+
 // An FTDI line thread refreshes the wire by itself, so it too is handed only
 // new frames and a keep-alive; without a line (a fake chip) the tick is the line.
 TEST_F(DispatchTest, AnFtdiLineIsHandedNewFramesAndAKeepAliveOnly) {
