@@ -47,8 +47,9 @@ GuardedApplication* GuardedApplication::instance() {
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
   // The handler may close the very window it belongs to, and the menu
-  // forgets its active choice while the choice runs.
-  const QPointer<QObject> target(receiver);
+  // forgets its active choice while the choice runs. Only a widget is named:
+  // the events that reach anything else (the timers') are kept cheap.
+  const QPointer<QObject> target(receiver->isWidgetType() ? receiver : nullptr);
   QPointer<QAction> choice;
   if (choosesFromAMenu(receiver, event)) choice = static_cast<QMenu*>(receiver)->activeAction();
   std::string failure;
