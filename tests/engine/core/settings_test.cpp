@@ -99,15 +99,6 @@ TEST_F(SettingsTest, EverySettingIsReadableByName) {
   EXPECT_EQ(get("SpaceKeyGo"), "0");
 }
 
-TEST_F(SettingsTest, TheParallelPortStartsOnLpt1WithItsBuiltInLoops) {
-  commandLine = "quintara -default";
-  console().start();
-  EXPECT_EQ(get("LptBase"), "888");
-  EXPECT_EQ(get("DataPresentLoop"), "50");
-  EXPECT_EQ(get("HighClockLoop"), "20");
-  EXPECT_EQ(get("LowClockLoop"), "20");
-}
-
 TEST_F(SettingsTest, DefaultSwitchIgnoresSetupButStillReadsRecentFiles) {
   spit(ini(), "[Setup]\nMaxChans=300\nDMXRate=40\nSkin=/tmp/x.bmp\n[Recent]\nSnap1=/b.qsh\n");
   commandLine = "quintara -default -nosplash";
