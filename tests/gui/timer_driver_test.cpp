@@ -51,7 +51,8 @@ TEST_F(TimerDriverTest, IdleTicksLeaveTheDeskAsleepUntilAnEventGivesThemWork) {
   QTest::qWait(200);
   EXPECT_TRUE(at.empty());
   int64_t changed = 0;
-  QTimer::singleShot(50, [&] {
+  QObject scope;  // the change never outlives the test
+  QTimer::singleShot(50, &scope, [&] {
     changed = scheduler.now();
     dirty = true;
   });
