@@ -64,6 +64,7 @@ TEST_F(GuardedApplicationTest, AFailingFaderEventShowsOneBoxWhileItKeepsFailing)
   EXPECT_EQ(form1().Fader(3).position(), 251) << "each key moved the fader before the handler";
   advance(100);
   EXPECT_TRUE(form1().DMXTimer.isEnabled());
+  dialogs.onShow = nullptr;
 }
 
 }  // namespace

@@ -108,6 +108,7 @@ TEST_P(TickFailureTest, TheFrameGoesOnTheTimerKeepsItsBeatAndOneBoxIsShown) {
             failure + " (10 more failures came while the last message was open)");
   EXPECT_EQ(v().DMXData[0], 50) << "changes still reach the frame";
   EXPECT_TRUE(console().registry.find<Timer>(name)->isEnabled());
+  dialogs.onShow = nullptr;
 }
 
 INSTANTIATE_TEST_SUITE_P(EachTimer, TickFailureTest,
