@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QSocketNotifier>
 #include <QTimer>
 #include <csignal>
@@ -24,6 +25,7 @@
 #include "gui/desk/form1.h"
 #include "gui/desk/open_file.h"
 #include "gui/desk/splash_screen.h"
+#include "gui/guarded_application.h"
 #include "gui/qt_dialogs.h"
 #include "gui/remote_port.h"
 #include "gui/timer_driver.h"
@@ -79,7 +81,7 @@ int runDesk(int argc, char** argv) {
   // A picture of the desk needs no screen.
   if (wantsScreenshot(argc, argv) && !std::getenv("QT_QPA_PLATFORM"))
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  QApplication app(argc, argv);
+  gui::GuardedApplication app(argc, argv);
   QApplication::setApplicationName("Quintara");
   QApplication::setOrganizationName("Quintara");
   const gui::DeskOptions opt = gui::parseDeskOptions(argc, argv);
@@ -117,6 +119,9 @@ int runDesk(int argc, char** argv) {
   host.midiIn = &midiIn;
   host.midiOut = &midiOut;
   Console console(host);
+  // A menu choice or a widget event that fails is told like a failed tick.
+  app.onFailure = [&console](const std::string& failure) { console.failures.report(failure); };
+  const auto unhook = qScopeGuard([&app] { app.onFailure = nullptr; });
   console.look.shippedSkinDirs.insert(console.look.shippedSkinDirs.begin(),
                                       sharedDataDir() + "/skins");
 

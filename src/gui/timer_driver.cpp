@@ -1,6 +1,7 @@
 #include "gui/timer_driver.h"
 
 #include <QAbstractEventDispatcher>
+#include <QCoreApplication>
 #include <QThread>
 #include <algorithm>
 #include <climits>
@@ -14,16 +15,36 @@ TimerDriver::TimerDriver(Scheduler& scheduler) : scheduler_(scheduler) {
   timer_.setTimerType(Qt::PreciseTimer);
   connect(&timer_, &QTimer::timeout, this, &TimerDriver::runDue);
   scheduler_.onChanged = [this] { rearm(); };
-  // Before the loop sleeps, and when a loop that never sleeps (a test's wait)
-  // goes round again.
+  // Before the loop sleeps, and when a loop that never sleeps (a test's
+  // wait) goes round again.
   if (auto* loop = QAbstractEventDispatcher::instance(thread())) {
-    connect(loop, &QAbstractEventDispatcher::aboutToBlock, this, &TimerDriver::rearm);
-    connect(loop, &QAbstractEventDispatcher::awake, this, &TimerDriver::rearm);
+    connect(loop, &QAbstractEventDispatcher::aboutToBlock, this, &TimerDriver::loopWentRound);
+    connect(loop, &QAbstractEventDispatcher::awake, this, &TimerDriver::loopWentRound);
   }
+  // Sees every event first, the ticks' own included.
+  QCoreApplication::instance()->installEventFilter(this);
   rearm();
 }
 
-TimerDriver::~TimerDriver() { scheduler_.onChanged = nullptr; }
+TimerDriver::~TimerDriver() {
+  if (auto* app = QCoreApplication::instance()) app->removeEventFilter(this);
+  scheduler_.onChanged = nullptr;
+}
+
+void TimerDriver::loopWentRound() {
+  idleTicksToPass_ = true;
+  rearm();
+}
+
+bool TimerDriver::eventFilter(QObject*, QEvent*) {
+  // Ticks that fell due while the loop waited and would have changed
+  // nothing are over before this event: a change it makes waits for the beat.
+  if (idleTicksToPass_) {
+    idleTicksToPass_ = false;
+    scheduler_.passIdleTicks();
+  }
+  return false;
+}
 
 void TimerDriver::runDue() {
   armedFor_ = -1;
@@ -36,14 +57,15 @@ void TimerDriver::runDue() {
 }
 
 void TimerDriver::rearm() {
-  const int64_t due = scheduler_.nextDue();
-  if (due == armedFor_ && (due < 0 || timer_.isActive())) return;
-  armedFor_ = due;
-  if (due < 0) {
+  const int64_t wake = scheduler_.nextWake();
+  // Most rounds of the loop leave the next wake-up where it was.
+  if (wake == armedFor_ && (wake < 0 || timer_.isActive())) return;
+  armedFor_ = wake;
+  if (wake < 0) {
     timer_.stop();
     return;
   }
-  const int64_t wait = std::clamp<int64_t>(due - scheduler_.now(), 0, INT_MAX);
+  const int64_t wait = std::clamp<int64_t>(wake - scheduler_.now(), 0, INT_MAX);
   timer_.start(int(wait));
 }
 

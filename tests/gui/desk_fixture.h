@@ -11,18 +11,20 @@
 #include "gui/desk/desk_context.h"
 #include "gui/desk/desk_surface.h"
 #include "gui/desk/form1.h"
+#include "gui/guarded_application.h"
 #include "support/console_fixture.h"
 
 namespace q::test {
 
-// One application for the whole test program, on the offscreen platform.
+// One application for the whole test program, on the offscreen platform,
+// guarded as the desk's is.
 inline void ensureApplication() {
   if (qApp) return;
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   static int argc = 1;
   static char name[] = "test_gui";
   static char* argv[] = {name, nullptr};
-  new QApplication(argc, argv);
+  new gui::GuardedApplication(argc, argv);
 }
 
 class DeskFixture : public ConsoleFixture {
@@ -30,6 +32,7 @@ class DeskFixture : public ConsoleFixture {
   static void SetUpTestSuite() { ensureApplication(); }
 
   void TearDown() override {
+    if (auto* app = gui::GuardedApplication::instance()) app->onFailure = nullptr;
     form.reset();
     ctx.reset();
   }
@@ -41,6 +44,9 @@ class DeskFixture : public ConsoleFixture {
       console().look.setPicture(&ctx->sheet);
       form = std::make_unique<gui::Form1>(*ctx, nullptr);
       form->setZoomOverride(1);
+      // What fails in an event is told in the console's failure box, as on the desk.
+      if (auto* app = gui::GuardedApplication::instance())
+        app->onFailure = [this](const std::string& f) { console().failures.report(f); };
       console().start();
     }
     return *form;

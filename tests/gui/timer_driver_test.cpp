@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "desk_fixture.h"
 #include "engine/controls/timer.h"
@@ -34,24 +35,32 @@ TEST_F(TimerDriverTest, TicksArriveOnTimeFromTheEventLoop) {
   EXPECT_EQ(ticks, stopped);
 }
 
-// A resting output tick wakes as soon as any event handler gives it
-// something to do, not at the end of its rest.
-TEST_F(TimerDriverTest, AnEventEndsTheRestOfARestingTimerAtOnce) {
+// A tick that would change nothing does not wake the desk; once an event
+// gives it work, the next tick of the beat comes, and then it is idle again.
+TEST_F(TimerDriverTest, IdleTicksLeaveTheDeskAsleepUntilAnEventGivesThemWork) {
   Timer output("DMXTimer", scheduler, 20);
   bool dirty = false;
-  int ticks = 0;
-  output.restWhile = [&] { return !dirty; };
+  std::vector<int64_t> at;
+  output.idleUntil = [&] { return dirty ? INT64_MIN : Timer::kIdleForever; };
   output.onTick = [&] {
-    ++ticks;
+    at.push_back(clock.nowMs());
     dirty = false;
   };
+  const int64_t start = scheduler.now();
   output.setRunning(true);
-  QTest::qWait(300);
-  EXPECT_EQ(ticks, 0) << "resting, its first tick is a second away";
-  QTimer::singleShot(0, [&] { dirty = true; });
-  EXPECT_TRUE(QTest::qWaitFor([&] { return ticks == 1; }, 150));
   QTest::qWait(200);
-  EXPECT_EQ(ticks, 1) << "and rests again";
+  EXPECT_TRUE(at.empty());
+  int64_t changed = 0;
+  QObject scope;  // the change never outlives the test
+  QTimer::singleShot(50, &scope, [&] {
+    changed = scheduler.now();
+    dirty = true;
+  });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !at.empty(); }, 300));
+  const int64_t beat = start + ((changed - start) / 20 + 1) * 20;
+  EXPECT_GE(at[0], beat) << "the change waited for the next tick of the beat";
+  QTest::qWait(100);
+  EXPECT_EQ(at.size(), 1u);
 }
 
 // A handler that opens a modal box runs the event loop inside its tick: the

@@ -69,6 +69,15 @@ TEST_F(InterpreterTest, TableCellsAndListsPrintTheirContent) {
   EXPECT_EQ(run("get TestLamp"), "TestLamp = Led_On2\n");
 }
 
+TEST_F(InterpreterTest, RealNumbersPrintWithAtMost15SignificantDigits) {
+  v().Cues.setCell(3, 1, Value(12.75));
+  v().Cues.setCell(3, 2, Value(-1.0 / 3));
+  v().Player1Rate = 256.0 / 254;
+  EXPECT_EQ(run({"get Cues(3,1)", "get Cues(3,2)", "get Player1Rate"}),
+            "Cues(3,1) = 12.75\nCues(3,2) = -0.333333333333333\n"
+            "Player1Rate = 1.00787401574803\n");
+}
+
 TEST_F(InterpreterTest, DmxPrintsTheOutgoingFrameOverTheAskedSlots) {
   v().DMXData[0] = 255;
   v().DMXData[1] = 7;
@@ -143,6 +152,18 @@ TEST_F(InterpreterTest, AHandlerThatThrowsBecomesAnErrorLine) {
   b.onClick = [] { throw std::runtime_error("boom"); };
   const std::string out = run({"click TestButton", "get GrandMaster"});
   EXPECT_EQ(out, "ERROR line 1: click failed: boom\nGrandMaster = 255\n");
+}
+
+// A timer's handler that throws is a failure of the console, not of the
+// script: it shows the failure box and the line stands.
+TEST_F(InterpreterTest, ATickThatThrowsShowsTheFailureBox) {
+  form1().FXTimer[0]->onTick = [] { throw std::runtime_error("boom"); };
+  form1().FXTimer[0]->setInterval(100);
+  form1().FXTimer[0]->setRunning(true);
+  EXPECT_EQ(run({"tick FXTimer(0)", "advance 100", "get FXTimer(0)"}),
+            "MSGBOX Quintara | FXTimer(0) failed: boom\n"
+            "MSGBOX Quintara | FXTimer(0) failed: boom\nFXTimer(0) = -1\n");
+  EXPECT_EQ(in().errorCount(), 0);
 }
 
 // --- acting on controls ------------------------------------------------------

@@ -7,8 +7,8 @@
 //   - the interval between frames while a fader moves (median, 99th
 //     percentile, largest gap): every output tick then has a new frame,
 //   - how long a command on the remote port takes to reach the wire.
-// While nothing changes the desk's output tick rests (once a second) unless
-// the desk runs with ContinuousOutput=1; run.sh measures either way.
+// While nothing changes the desk hands olad the same frame only about once a
+// second, unless it runs with ContinuousOutput=1; run.sh measures either way.
 //
 //   desk_bench --ola-port P [--universe U] [--listen PORT] [--idle S]
 //              [--move-seconds S] [--moves N] -- QUINTARA ARGS...

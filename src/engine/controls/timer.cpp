@@ -1,6 +1,5 @@
 #include "engine/controls/timer.h"
 
-#include "engine/controls/handler_scope.h"
 #include "engine/core/scheduler.h"
 
 namespace q {
@@ -29,9 +28,6 @@ void Timer::setInterval(int ms) {
   notifyView();
 }
 
-void Timer::tick() {
-  HandlerScope scope;
-  if (onTick) onTick();
-}
+void Timer::tick() { scheduler_.tickNow(*this); }
 
 }  // namespace q

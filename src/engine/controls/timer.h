@@ -25,15 +25,18 @@ class Timer : public Control {
   void setInterval(int ms);
 
   std::function<void()> onTick;
+  // One tick now, outside the timer's period (the command language's `tick`).
+  // A handler that fails is reported as a failure of this timer, never thrown.
   void tick();
 
-  // A timer may rest: while restWhile holds, its ticks would change nothing
-  // and it ticks only once every restMs. The moment the condition ends, a
-  // tick that fell due meanwhile comes at once, then the timer keeps its
-  // interval again.
-  std::function<bool()> restWhile;
-  int restMs = 1000;
-  bool resting() const { return restWhile && restWhile(); }
+  // Until when a tick of this timer would change nothing, as far as the
+  // console can tell now: the output tick while the mix is clean and the
+  // receiver holds the frame. kIdleForever while nothing changes; a time
+  // not after the tick's own when it has work. The ticks fall due all the
+  // same; a host on a real clock only need not wake for them
+  // (Scheduler::nextWake, Scheduler::passIdleTicks).
+  std::function<int64_t()> idleUntil;
+  static constexpr int64_t kIdleForever = INT64_MAX;
 
   std::string value() const override { return running_ ? "-1" : "0"; }
 
@@ -43,7 +46,6 @@ class Timer : public Control {
   int interval_;
   bool running_ = false;
   int64_t due_ = 0;         // when the next tick falls due, in clock ms
-  int64_t lastTick_ = 0;    // when it last ticked, in clock ms
   uint64_t enableSeq_ = 0;  // order of enabling, for ticks due at the same instant
   // Inside its own tick: a tick delivered from a loop that the handler runs
   // (a modal box on the desk) skips this timer rather than enter it twice.

@@ -44,6 +44,7 @@ Console::Console(ConsoleHost host)
     : host_(withDefaults(std::move(host), fallbackDialogs_, fallbackPlayers_)),
       scheduler(*host_.clock),
       form1(registry, scheduler) {
+  scheduler.onTickFailed = [this](const std::string& failure) { failures.report(failure); };
   registerCoreValues(*this);
   wireMainMenu();
   addAboutWindow(*this);

@@ -11,6 +11,7 @@
 #include "engine/controls/registry.h"
 #include "engine/core/common_dialog.h"
 #include "engine/core/dialogs.h"
+#include "engine/core/failure_box.h"
 #include "engine/core/live_display.h"
 #include "engine/core/main_window.h"
 #include "engine/core/mixer.h"
@@ -92,8 +93,11 @@ class Console {
   void resetDesk();
   // `mnuMaxchans`: the prompt for the number of channels in use.
   void askMaxChans();
-  // One tick of DMXTimer: mix if dirty, then send the frame.
+  // One tick of DMXTimer: mix if dirty, then send the frame, also when the mix failed.
   void outputTick();
+  // Until when an output tick would change nothing: while the mix is clean
+  // and the adapter has nothing to take (see Timer::idleUntil).
+  int64_t outputIdleUntil() const;
   bool hasSwitch(const std::string& sw) const;
 
   // The desk hooks its picture work into the load sequence.
@@ -109,6 +113,8 @@ class Console {
   Registry registry;
   NamedValues names;
   Scheduler scheduler;
+  // A tick, menu choice or widget event that fails is told here, one box at a time.
+  FailureBox failures{*host_.dialogs};
   MainWindow form1;
   // Every other window, loaded on first use; declared before the subsystems
   // that give their factories.

@@ -54,6 +54,14 @@ void registerCoreValues(Console& c) {
     return num(v.KeyHeld[i[0]]);
   });
   n.add("MidiChannel", [&v] { return num(v.MidiChannel); });
+  // The parallel port of the LPT adapters: its base address (888 for LPT1,
+  // 632 for LPT2) and the three timing loops, as the settings file keeps them.
+  n.add("LptBase", [&v] { return num(v.PortBase); });
+  n.add("DataPresentLoop", [&v] { return num(v.DataPresentLoop); });
+  n.add("HighClockLoop", [&v] { return num(v.HighClockLoop); });
+  n.add("LowClockLoop", [&v] { return num(v.LowClockLoop); });
+  // The settings key of Space as GO; the menu item's check mark is its store.
+  n.add("SpaceKeyGo", [&c] { return num(vbool(c.form1.menu("mnuSpaceGO").checked())); });
 
   n.addIndexed("ChanTable", 2, [&v](const std::vector<int>& i) -> std::optional<std::string> {
     if (!channelOk(i[0]) || i[1] < 0 || i[1] >= kColumns) return std::nullopt;

@@ -1,6 +1,8 @@
 // Start-up, shut-down and reset of the console: the order in which it comes
 // up and goes down.
 
+#include <exception>
+
 #include "engine/core/console.h"
 #include "engine/playback/cue_record.h"
 
@@ -18,8 +20,23 @@ void Console::start() {
 }
 
 void Console::outputTick() {
-  if (v.MixDirty) mixer.MixOutput();
+  std::exception_ptr mixFailed;
+  if (v.MixDirty) {
+    try {
+      mixer.MixOutput();
+    } catch (...) {
+      mixFailed = std::current_exception();
+    }
+  }
+  // The frame goes out on every tick: after a failed mix, with whatever the
+  // mix got to write, so the stage keeps its light.
   interfaces.sendFrame();
+  if (mixFailed) std::rethrow_exception(mixFailed);
+}
+
+int64_t Console::outputIdleUntil() const {
+  if (v.MixDirty != kFalse) return INT64_MIN;
+  return interfaces.frameIdleUntil();
 }
 
 void Console::loadForm1() {
@@ -103,6 +120,7 @@ void Console::askMaxChans() {
 
 void Console::wireMainMenu() {
   form1.DMXTimer.onTick = [this] { outputTick(); };
+  form1.DMXTimer.idleUntil = [this] { return outputIdleUntil(); };
   form1.menu("mnuNew").onClick = [this] { resetDesk(); };
   form1.menu("mnuExit").onClick = [this] { queryClose(); };
   form1.menu("mnuMaxchans").onClick = [this] { askMaxChans(); };

@@ -38,10 +38,9 @@ InterfaceLayer::InterfaceLayer(Console& c) : c_(c) {
   c_.names.add("OlaPort", [this] { return std::to_string(OlaPort); });
   c_.names.add("WidgetPort", [this] { return WidgetPort; });
   c_.names.add("ContinuousOutput", [this] { return ContinuousOutput ? "1" : "0"; });
-  c_.form1.DMXTimer.restWhile = [this] { return outputMayRest(); };
 }
 
-InterfaceLayer::~InterfaceLayer() { c_.form1.DMXTimer.restWhile = nullptr; }
+InterfaceLayer::~InterfaceLayer() = default;
 
 DeviceFactory& InterfaceLayer::factory() {
   return c_.host().devices ? *c_.host().devices : fallbackFactory_;
@@ -55,6 +54,7 @@ void InterfaceLayer::stopDMX() { stop(c_.v.InterfaceType); }
 
 void InterfaceLayer::start(int type) {
   Variables& v = c_.v;
+  heldFrame_.reset();
   switch (interfaceEntry(type).family) {
     case AdapterFamily::FtdiFrameSender:
       startFtdi();
@@ -79,14 +79,17 @@ void InterfaceLayer::start(int type) {
 
 void InterfaceLayer::sendFrame() {
   Variables& v = c_.v;
+  const uint8_t* frame = v.DMXData.data();
   switch (interfaceEntry(v.InterfaceType).family) {
     case AdapterFamily::FtdiFrameSender:
-      if (ftdi_) ftdi_->sendFrame(v.DMXData.data(), c_.form1.DMXTimer.interval());
+      // Without a line thread (a fake device) the tick itself is the line.
+      if (ftdi_ && (!ftdi_->wire() || heldFrame_.pass(frame, c_.scheduler.now())))
+        ftdi_->sendFrame(frame, c_.form1.DMXTimer.interval());
       break;
     case AdapterFamily::Widget:
       // While the widget's Init waits for its answer it lets ticks run; the
       // frame waits for the widget to be set up.
-      if (!widgetInitRunning_) widget().Set_DMX_OUT(v.DMXData.data());
+      if (!widgetInitRunning_) widget().Set_DMX_OUT(frame);
       break;
     case AdapterFamily::Sunlite:
       sunlite().send(v.MaxChans, v.DMXData.data());
@@ -95,7 +98,8 @@ void InterfaceLayer::sendFrame() {
       oksid().tick(int16_t(v.PortBase), v.DMXData.data());
       break;
     case AdapterFamily::Ola:
-      ola_->sendFrame(v.DMXData.data(), c_.form1.DMXTimer.interval());
+      if (ContinuousOutput || heldFrame_.pass(frame, c_.scheduler.now()))
+        ola_->sendFrame(frame, c_.form1.DMXTimer.interval());
       break;
     default:
       // The Velleman has had its channels from inside the mix; none and the
@@ -104,25 +108,25 @@ void InterfaceLayer::sendFrame() {
   }
 }
 
-bool InterfaceLayer::outputMayRest() const {
-  if (c_.v.MixDirty) return false;
+int64_t InterfaceLayer::frameIdleUntil() const {
+  const uint8_t* frame = c_.v.DMXData.data();
   switch (interfaceEntry(c_.v.InterfaceType).family) {
     case AdapterFamily::None:
     case AdapterFamily::ParallelPort:
     case AdapterFamily::Velleman:
-      return true;
+      // Nothing goes out per tick; the Velleman takes its levels inside the mix.
+      return INT64_MAX;
     case AdapterFamily::Ola:
-      // A continuous stream comes from the OLA line itself when it has one.
-      return !ContinuousOutput || ola_->wire();
+      return ContinuousOutput ? INT64_MIN : heldFrame_.nextHandOver(frame);
     case AdapterFamily::FtdiFrameSender:
-      return ftdi_ && ftdi_->wire();
+      return ftdi_ && ftdi_->wire() ? heldFrame_.nextHandOver(frame) : INT64_MIN;
     default:
-      // The DMX USB PRO, the Sunlite and the OksiD are handed every frame.
-      return false;
+      return INT64_MIN;
   }
 }
 
 void InterfaceLayer::stop(int type, bool fromSetupWindow) {
+  heldFrame_.reset();
   switch (interfaceEntry(type).family) {
     case AdapterFamily::FtdiFrameSender:
       if (ftdi_) ftdi_->close();

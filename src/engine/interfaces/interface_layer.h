@@ -10,6 +10,7 @@
 #include <string>
 
 #include "engine/interfaces/devices.h"
+#include "engine/interfaces/held_frame_gate.h"
 
 namespace q {
 
@@ -32,16 +33,17 @@ class InterfaceLayer {
   void startDMX();
   // Stop dispatch: at exit and when the interface is changed.
   void stopDMX();
-  // Frame dispatch, on every DMXTimer tick after the mix: the frame goes out
-  // whether or not it changed.
+  // Frame dispatch, on every DMXTimer tick after the mix. An adapter that
+  // keeps the last frame by itself (olad, an FTDI line thread) is handed an
+  // unchanged frame only as a keep-alive (HeldFrameGate); every other adapter
+  // gets every frame.
   void sendFrame();
-  // Whether the output tick may rest while nothing changes: true when the
-  // adapter holds the last frame by itself (olad keeps its universe, a wire
-  // thread refreshes the line) or has nothing to send per tick. Resting, the
-  // tick comes once a second, which keeps the link to olad alive and checked.
-  // ContinuousOutput=1 in the settings sends olad every frame all the same:
-  // from the OLA line when there is one, else from every tick.
-  bool outputMayRest() const;
+  // Until when the frame dispatch has nothing to hand over while the frame
+  // stays as it is: INT64_MAX when the adapter takes nothing per tick,
+  // INT64_MIN when it takes every frame or this one is new.
+  int64_t frameIdleUntil() const;
+  // ContinuousOutput=1 in the settings hands olad every frame all the same,
+  // for receivers that want a steady stream.
   bool ContinuousOutput = false;
 
   // The halves of a change of interface, as the setup window makes it. The
@@ -80,6 +82,7 @@ class InterfaceLayer {
 
   Console& c_;
   DeviceFactory fallbackFactory_;
+  HeldFrameGate heldFrame_;
   std::unique_ptr<FtdiFrameSender> ftdi_;
   std::unique_ptr<FtdiDevice> widgetLink_;
   std::unique_ptr<DMXUSBPRO_Driver> widget_;

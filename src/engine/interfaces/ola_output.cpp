@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+#include "engine/interfaces/held_frame_gate.h"
+
 namespace q {
 
 namespace {
@@ -26,9 +28,13 @@ void OlaOutput::start(std::unique_ptr<OlaSender> sender, unsigned universe, int 
   const int64_t now = onWire_ ? steadyMs() : hooks_.nowMs ? hooks_.nowMs() : 0;
   report(tryConnect(now));
   if (!onWire_ || !sender_) return;
+  WireStyle style = WireStyle::heldFrames(!continuous);
+  // The output tick hands over a keep-alive once a second; the line's own
+  // stands in only while the console is too busy to tick.
+  style.keepAlive = std::chrono::milliseconds(2 * HeldFrameGate::kKeepAliveMs);
   wire_ = std::make_unique<WireThread>(
       [this](const uint8_t* frame) { return deliver(frame, steadyMs()) ? 0 : 1; }, intervalMs,
-      hooks_.prepareWireThread, WireStyle::heldFrames(!continuous));
+      hooks_.prepareWireThread, style);
 }
 
 bool OlaOutput::tryConnect(int64_t nowMs) {

@@ -1,9 +1,9 @@
 #pragma once
-// Output through the OLA daemon (interface 10): the frame of each output
-// tick goes to one OLA universe, and from there to any device or network
-// olad drives. olad holds the universe, so the output tick may rest while
-// nothing changes (InterfaceLayer::outputMayRest): then a frame goes once a
-// second, which also finds out soon when olad has gone.
+// Output through the OLA daemon (interface 10): the frames of the output
+// tick go to one OLA universe, and from there to any device or network olad
+// drives. olad holds the universe, so while nothing changes the tick hands
+// over the frame only about once a second (HeldFrameGate), which also finds
+// out soon when olad has gone.
 //
 // With a real olad the frames leave from a resting WireThread, on an even
 // period that a busy console thread does not shake. When olad is not running

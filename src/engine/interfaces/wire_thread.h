@@ -35,8 +35,9 @@ struct WireStyle {
   // Sends only the frames handed over, and the last one again after a quiet
   // keepAlive.
   bool rests = false;
-  // Meets a tick far off the line's pace (the console woke from a rest) a
-  // lead after it, instead of at the line's next slot.
+  // Meets a tick far off the line's pace (the first after a quiet spell,
+  // or one made late by a busy console) a lead after it, instead of at the
+  // line's next slot.
   bool meetsStrayTicks = false;
   std::chrono::microseconds leadAfterTick{1000};
   std::chrono::microseconds graceForLateTick{750};
@@ -74,6 +75,8 @@ class WireThread {
   int lastFailure() const { return failure_.load(std::memory_order_relaxed); }
   // Frames sent so far.
   long framesSent() const { return frames_.load(std::memory_order_relaxed); }
+  // Frames the output tick has handed over so far.
+  uint64_t handOvers() const { return handOvers_.load(std::memory_order_relaxed); }
 
   // How much the line's phase may move per frame.
   static constexpr std::chrono::microseconds kMaxSlew{500};

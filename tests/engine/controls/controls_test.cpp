@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "engine/controls/registry.h"
 #include "engine/controls/scroller.h"
 #include "engine/controls/timer.h"
@@ -68,39 +70,108 @@ TEST(Scheduler, EnableKeepsPhaseRestartAndIntervalChangeStartNewPeriod) {
   EXPECT_EQ(at.back(), 240);
 }
 
-// The output tick rests while nothing changes: once a second instead of at
-// its interval. Another timer that changes something (a fade step) brings it
-// back at once, and from then on it keeps its interval until the change ends.
-TEST(Scheduler, RestingTimerTicksSeldomAndWakesAtOnceWhenNeeded) {
+// A late tick is simply late: it fires once, the ticks it missed are not
+// made up, and the next one falls on the timer's beat again.
+TEST(Scheduler, ALateTickKeepsTheBeat) {
   VirtualClock clock;
   Scheduler sched(clock);
-  Timer dmx("DMXTimer", sched, 25), mem("MemTimer", sched, 100);
-  bool dirty = false;
+  Timer t("DMXTimer", sched, 100);
   std::vector<int64_t> at;
-  dmx.restWhile = [&] { return !dirty; };
+  t.onTick = [&] { at.push_back(clock.nowMs()); };
+  t.setRunning(true);
+  clock.set(130);  // a busy console: the tick due at 100 comes at 130
+  sched.runDue();
+  EXPECT_EQ(sched.nextDue(), 200);
+  clock.set(480);  // missed 200, 300 and 400
+  sched.runDue();
+  EXPECT_EQ(at, (std::vector<int64_t>{130, 480}));
+  EXPECT_EQ(sched.nextDue(), 500);
+  clock.set(500);
+  sched.runDue();
+  EXPECT_EQ(sched.nextDue(), 600);
+}
+
+// A host on a real clock need not wake for ticks that would change nothing.
+// Passed over, they keep their beat: work that comes meanwhile waits for
+// the next tick of the beat, and every tick still falls due for the
+// virtual clock.
+TEST(Scheduler, IdleTicksArePassedOverOnTheirBeat) {
+  VirtualClock clock;
+  Scheduler sched(clock);
+  Timer dmx("DMXTimer", sched, 25), fx("FXTimer(0)", sched, 100);
+  bool dirty = false;
+  int64_t keepAlive = 1000;
+  std::vector<int64_t> at;
+  dmx.idleUntil = [&] { return dirty ? INT64_MIN : keepAlive; };
   dmx.onTick = [&] {
     at.push_back(clock.nowMs());
     dirty = false;
+    keepAlive = clock.nowMs() + 1000;
   };
   dmx.setRunning(true);
-  sched.advance(clock, 2100);
-  EXPECT_EQ(at, (std::vector<int64_t>{1000, 2000}));
-  EXPECT_EQ(sched.nextDue(), 3000);
+  EXPECT_EQ(sched.nextDue(), 25);
+  EXPECT_EQ(sched.nextWake(), 1000) << "the first tick with work: the keep-alive";
 
-  mem.onTick = [&] { dirty = true; };
-  mem.setRunning(true);  // fades from 2100: steps at 2200, 2300
-  sched.advance(clock, 250);
-  EXPECT_EQ(at, (std::vector<int64_t>{1000, 2000, 2200, 2300}))
-      << "each fade step reaches the output at its own instant";
-  mem.setRunning(false);
-  sched.advance(clock, 10);  // 2360: a fader moves between ticks
-  dirty = true;
-  EXPECT_EQ(sched.nextDue(), 2325) << "due already: it comes at once";
+  clock.set(510);  // the desk slept; an event comes
+  sched.passIdleTicks();
+  EXPECT_EQ(sched.nextDue(), 525) << "the ticks of 25 to 500 are over";
+  dirty = true;  // the event moved a fader
+  EXPECT_EQ(sched.nextWake(), 525) << "on the beat, not at once";
+  clock.set(525);
+  sched.passIdleTicks();
+  sched.runDue();
+  EXPECT_EQ(at, std::vector<int64_t>{525});
+  EXPECT_EQ(sched.nextWake(), 1525);
+
+  fx.setRunning(true);  // steps at 625, 725 ...
+  EXPECT_EQ(sched.nextWake(), 625);
+  clock.set(625);
+  sched.passIdleTicks();
+  sched.runDue();
+  EXPECT_EQ(at.size(), 1u) << "the output tick of 625 had nothing to do";
+  keepAlive = Timer::kIdleForever;
+  fx.setRunning(false);
+  EXPECT_EQ(sched.nextWake(), -1) << "nothing to wake for";
+  EXPECT_EQ(sched.nextDue(), 650);
+}
+
+// A handler that throws never silences its timer: the timer keeps its beat,
+// and the failure is told once the tick has returned. On the desk the box
+// runs the event loop while the operator reads it; the ticks go on there,
+// the failed timer's among them.
+TEST(Scheduler, AFailingTickIsToldAfterItReturnsAndTheTimerGoesOn) {
+  VirtualClock clock;
+  Scheduler sched(clock);
+  Timer fx("FXTimer(0)", sched, 100), dmx("DMXTimer", sched, 100);
+  int dmxTicks = 0;
+  dmx.onTick = [&] { ++dmxTicks; };
+  fx.onTick = [&] { throw std::runtime_error("step lost"); };
+  std::vector<std::string> told;
+  sched.onTickFailed = [&](const std::string& failure) {
+    told.push_back(failure);
+    if (told.size() > 1) return;
+    clock.set(250);  // the operator reads the first box for 150 ms
+    sched.runDue();
+  };
+  dmx.setRunning(true);
+  fx.setRunning(true);
+  clock.set(100);
+  sched.runDue();
+  EXPECT_EQ(told, std::vector<std::string>(2, "FXTimer(0) failed: step lost"));
+  EXPECT_EQ(dmxTicks, 2) << "the output tick of 200 came under the box";
+  EXPECT_TRUE(fx.isEnabled());
+  EXPECT_EQ(sched.nextDue(), 300) << "both on their beat again";
+
+  sched.advance(clock, 200);
+  EXPECT_EQ(told.size(), 4u);
+  EXPECT_EQ(dmxTicks, 4);
+  fx.onTick = [] { throw 42; };
+  fx.tick();  // one tick outside the beat, as the command language gives it
+  EXPECT_EQ(told.back(), "FXTimer(0) failed");
+  sched.onTickFailed = [](const std::string&) { throw std::runtime_error("no box"); };
   sched.advance(clock, 100);
-  EXPECT_EQ(at.back(), 2360);
-  EXPECT_EQ(sched.nextDue(), 3360);
-  dmx.restWhile = nullptr;  // continuous output
-  EXPECT_EQ(sched.nextDue(), 2385);
+  EXPECT_EQ(dmxTicks, 5) << "a failure that cannot even be told stops nothing";
+  EXPECT_EQ(sched.nextDue(), 600);
 }
 
 TEST(Scheduler, HandlerStoppingItsOwnTimerStopsIt) {

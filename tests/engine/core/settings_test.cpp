@@ -78,6 +78,28 @@ TEST_F(SettingsTest, ReadsEveryKeyAndKeepsTheDeliberateAsymmetries) {
   EXPECT_NE(text.find("Snap2=/c.qsh\r\n"), std::string::npos);
 }
 
+// What the settings file carries is readable by its console name, the
+// parallel port's settings included; booleans as -1 and 0.
+TEST_F(SettingsTest, EverySettingIsReadableByName) {
+  spit(ini(),
+       "[Setup]\nMaxChans=256\nInterface=4\nDMXRate=25\nPort=LPT2\nDataPresentLoop=70\n"
+       "HighClockLoop=30\nLowClockLoop=10\nValuesMode=1\nSpaceKeyGo=1\nSkin=/tmp/x.bmp\n"
+       "[Midi]\nChannel=5\nLevel=100\n");
+  console().start();
+  const std::vector<std::pair<const char*, const char*>> expected = {
+      {"MaxChans", "256"},    {"InterfaceType", "4"},    {"DMXRate", "25"},
+      {"LptBase", "632"},     {"DataPresentLoop", "70"}, {"HighClockLoop", "30"},
+      {"LowClockLoop", "10"}, {"ValuesMode", "1"},       {"SpaceKeyGo", "-1"},
+      {"MidiChannel", "5"},   {"MidiLevel", "100"}};
+  for (auto [name, value] : expected) {
+    const auto got = console().names.get(name);
+    ASSERT_TRUE(got.has_value()) << name;
+    EXPECT_EQ(*got, value) << name;
+  }
+  form1().menu("mnuSpaceGO").setChecked(false);
+  EXPECT_EQ(get("SpaceKeyGo"), "0");
+}
+
 TEST_F(SettingsTest, DefaultSwitchIgnoresSetupButStillReadsRecentFiles) {
   spit(ini(), "[Setup]\nMaxChans=300\nDMXRate=40\nSkin=/tmp/x.bmp\n[Recent]\nSnap1=/b.qsh\n");
   commandLine = "quintara -default -nosplash";

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "engine/core/sparse_matrix.h"
 
 namespace q {
@@ -57,6 +59,33 @@ TEST(ValueConversions, TextComparesAsNumberAndRoundsHalfToEven) {
   EXPECT_EQ(roundHalfEven(2.5), 2);
   EXPECT_EQ(roundHalfEven(127.5), 128);
   EXPECT_EQ(leadingNumber("12abc"), 12);
+}
+
+// A real number prints with at most 15 significant digits and no trailing
+// zeros, whole numbers without a point, huge and tiny ones with an exponent.
+TEST(ValueConversions, RealNumbersPrintAsTheConsolePrintsThem) {
+  const std::vector<std::pair<double, const char*>> cases = {
+      {12.75, "12.75"},
+      {1.0 / 3, "0.333333333333333"},
+      {-1.0 / 3, "-0.333333333333333"},
+      {256.0 / 254, "1.00787401574803"},
+      {0.1 + 0.2, "0.3"},
+      {5.0, "5"},
+      {-12.5, "-12.5"},
+      {-0.0, "0"},
+      {999999999999999.0, "999999999999999"},
+      {123456789012345.67, "123456789012346"},
+      {1e15, "1e+15"},
+      {1e21, "1e+21"},
+      {-1.5e21, "-1.5e+21"},
+      {123456789012345678.0, "1.23456789012346e+17"},
+      {0.000125, "0.000125"},
+      {1e-7, "1e-07"},
+  };
+  for (auto [d, text] : cases) EXPECT_EQ(toText(Value{d}), text) << d;
+  EXPECT_EQ(toText(Value{uint8_t(255)}), "255");
+  EXPECT_EQ(toText(Value{int16_t(-7)}), "-7");
+  EXPECT_EQ(toText(Value{std::string("12.750")}), "12.750") << "text stays as it was stored";
 }
 
 }  // namespace q

@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "engine/interfaces/ftdi_frame_sender.h"
 #include "engine/interfaces/interface_list.h"
 #include "engine/interfaces/ola_output.h"
 #include "engine/interfaces/refreshrate.h"
@@ -121,23 +122,27 @@ TEST_F(DispatchTest, TheVellemanTakesEachChannelFromInsideTheMix) {
   EXPECT_EQ(lib.calls.back(), "StopDevice");
 }
 
-// olad keeps its universe, so while nothing changes the output tick rests
-// and the frame goes once a second; a change comes through at the next tick.
-TEST_F(DispatchTest, OlaGetsEachChangeAtOnceAndTheFrameOnceASecondMeanwhile) {
+// olad keeps its universe: the output tick hands it each new frame and the
+// same frame again only about once a second. The tick keeps its beat, so a
+// change waits for the next regular tick.
+TEST_F(DispatchTest, OlaGetsEachChangeAtTheNextTickAndTheSameFrameOnceASecond) {
   startWith("Interface=10\r\nOlaUniverse=7\r\nOlaPort=9999\r\nDMXRate=100\r\n");
   FakeOla& ola = *factory.olaLink;
   EXPECT_EQ(ola.lastPort, 9999);
-  advance(300);
-  ASSERT_EQ(ola.sent.size(), 1u) << "the first frame, then a rest";
+  advance(310);
+  ASSERT_EQ(ola.sent.size(), 1u) << "the first frame at 100, then nothing new";
   v().DMXData[0] = 12;
   v().DMXData[511] = 34;
-  advance(800);
-  ASSERT_EQ(ola.sent.size(), 2u) << "a second after the first";
+  advance(89);
+  EXPECT_EQ(ola.sent.size(), 1u) << "a change waits for the tick at 400";
+  advance(1);
+  ASSERT_EQ(ola.sent.size(), 2u);
   EXPECT_EQ(ola.sent.back().first, 7u);
   EXPECT_EQ(ola.sent.back().second, std::vector<uint8_t>(v().DMXData.begin(), v().DMXData.end()));
-  v().MixDirty = kTrue;
-  advance(100);
-  EXPECT_EQ(ola.sent.size(), 3u) << "a change goes at the next tick";
+  advance(999);
+  EXPECT_EQ(ola.sent.size(), 2u);
+  advance(1);
+  EXPECT_EQ(ola.sent.size(), 3u) << "the keep-alive, a second after the last frame";
 
   console().interfaces.ContinuousOutput = true;
   advance(300);
@@ -150,15 +155,50 @@ TEST_F(DispatchTest, OlaGetsEachChangeAtOnceAndTheFrameOnceASecondMeanwhile) {
   EXPECT_NE(text.find("ContinuousOutput=1\r\n"), std::string::npos);
 }
 
-// An adapter handed every frame (here the Sunlite) never rests.
-TEST_F(DispatchTest, AdaptersHandedEveryFrameKeepEveryTick) {
-  startWith("Interface=5\r\nDMXRate=100\r\n");
+// The output tick has nothing to do while the mix is clean and the adapter
+// has nothing to take: a desk need not wake for it until a keep-alive or a
+// change is due, and the adapters handed every frame always have work.
+TEST_F(DispatchTest, TheOutputTickIsIdleOnlyWhileTheAdapterHasNothingToTake) {
+  startWith("Interface=10\r\nDMXRate=100\r\n");
+  advance(150);  // the first frame went to olad at 100
   v().MixDirty = kFalse;
-  EXPECT_FALSE(console().interfaces.outputMayRest());
-  v().InterfaceType = 10;
-  EXPECT_TRUE(console().interfaces.outputMayRest());
+  Scheduler& s = console().scheduler;
+  EXPECT_EQ(s.nextDue(), 200);
+  EXPECT_EQ(s.nextWake(), 1100) << "the keep-alive";
   v().MixDirty = kTrue;
-  EXPECT_FALSE(console().interfaces.outputMayRest());
+  EXPECT_EQ(s.nextWake(), 200);
+  v().MixDirty = kFalse;
+  v().DMXData[0] = 1;  // a frame olad has not had
+  EXPECT_EQ(s.nextWake(), 200);
+  v().DMXData[0] = 0;
+  console().interfaces.ContinuousOutput = true;
+  EXPECT_EQ(s.nextWake(), 200);
+  console().interfaces.ContinuousOutput = false;
+
+  for (int type : {0, 3, 4, 8}) {
+    v().InterfaceType = uint8_t(type);
+    EXPECT_EQ(s.nextWake(), -1) << "interface " << type << " takes nothing per tick";
+  }
+  for (int type : {2, 5, 7}) {
+    v().InterfaceType = uint8_t(type);
+    EXPECT_EQ(s.nextWake(), 200) << "interface " << type << " takes every frame";
+  }
+  v().InterfaceType = 10;
+}
+
+// An FTDI line thread refreshes the wire by itself, so it too is handed only
+// new frames and a keep-alive; without a line (a fake chip) the tick is the line.
+TEST_F(DispatchTest, AnFtdiLineIsHandedNewFramesAndAKeepAliveOnly) {
+  factory.wire = true;
+  startWith("Interface=1\r\nDMXRate=100\r\n");
+  const WireThread* line = console().interfaces.ftdiSender()->wire();
+  ASSERT_NE(line, nullptr);
+  advance(2100);
+  EXPECT_EQ(line->handOvers(), 3u) << "at 100, then keep-alives at 1100 and 2100";
+  v().DMXData[4] = 99;
+  advance(100);
+  EXPECT_EQ(line->handOvers(), 4u);
+  console().interfaces.stopDMX();
 }
 
 TEST_F(DispatchTest, WithoutOladTheConsoleSaysSoOnceAndRetriesOnceASecond) {

@@ -169,6 +169,9 @@ class FakeFactory : public DeviceFactory {
   FakeSunlite* sunliteLib = nullptr;
   FakeVelleman* vellemanLib = nullptr;
   bool provideSunlite = false, provideVelleman = false;
+  // Frame senders put frames on the wire from a thread of their own.
+  bool wire = false;
+  bool wireThread() const override { return wire; }
 
   std::unique_ptr<FtdiDevice> ftdi() override {
     auto f = std::make_unique<FakeFtdi>();
