@@ -4,6 +4,7 @@
 #include <chrono>
 #include <thread>
 
+#include "engine/controls/handler_scope.h"
 #include "engine/core/console.h"
 #include "engine/core/scripted_dialogs.h"
 #include "headless/words.h"
@@ -21,7 +22,7 @@ MouseButton mouseButton(Words& w) {
   std::string b;
   if (!w.next(b) || b == "left") return MouseButton::Left;
   if (b == "right") return MouseButton::Right;
-  throw ScriptError("unknown mouse button '" + b + "' (left or right)");
+  throw ScriptError("unknown mouse button " + quoted(b) + " (left or right)");
 }
 
 // `NAME.Caption`, `NAME.Enabled` ...: the properties `get` reads besides a control's value.
@@ -45,7 +46,8 @@ std::string property(Control& ctl, const std::string& prop, const std::string& e
   } else if (prop == "Picture") {
     if (auto* l = dynamic_cast<Lamp*>(&ctl)) return l->picture();
   }
-  throw ScriptError("unknown name '" + expr + "' (" + ctl.name() + " has no " + prop + ")");
+  throw ScriptError("unknown name " + quoted(expr) + " (" + ctl.name() + " has no " +
+                    clipped(prop, 64) + ")");
 }
 }  // namespace
 
@@ -75,40 +77,53 @@ Interpreter::~Interpreter() { dialogs_.onShow = nullptr; }
 void Interpreter::print(const std::string& line) { out_ << line << '\n'; }
 
 bool Interpreter::execute(const std::string& rawLine, int lineNo) {
+  if (rawLine.size() > kMaxLineBytes) {
+    lineTooLong(lineNo);
+    return false;
+  }
   std::string line = rawLine;
   if (!line.empty() && line.back() == '\r') line.pop_back();  // a script saved with CR LF
   Words w(line);
   std::string verb;
-  bool ok = true;
-  if (w.next(verb) && verb[0] != '#') {
-    // Whatever a handler throws, the console goes on with the next line.
-    try {
-      run(verb, w);
-    } catch (const ScriptError& e) {
-      print("ERROR line " + std::to_string(lineNo) + ": " + e.what());
-      ok = false;
-    } catch (const std::exception& e) {
-      print("ERROR line " + std::to_string(lineNo) + ": " + verb + " failed: " + e.what());
-      ok = false;
-    } catch (...) {
-      print("ERROR line " + std::to_string(lineNo) + ": " + verb + " failed");
-      ok = false;
-    }
+  if (!w.next(verb) || verb[0] == '#') return true;
+  // One line is one operator gesture: a window it unloads outlives it.
+  HandlerScope scope;
+  // Whatever a handler throws, the console goes on with the next line.
+  try {
+    run(verb, w);
+  } catch (const ScriptError& e) {
+    lineError(lineNo, e.what());
+    return false;
+  } catch (const std::exception& e) {
+    lineError(lineNo, clipped(verb, 64) + " failed: " + clipped(e.what(), 200));
+    return false;
+  } catch (...) {
+    lineError(lineNo, clipped(verb, 64) + " failed");
+    return false;
   }
-  if (!ok) ++errors_;
   out_.flush();
-  return ok;
+  return true;
+}
+
+void Interpreter::lineTooLong(int lineNo) {
+  lineError(lineNo, "line too long (more than " + std::to_string(kMaxLineBytes) + " bytes)");
+}
+
+void Interpreter::lineError(int lineNo, const std::string& reason) {
+  print("ERROR line " + std::to_string(lineNo) + ": " + reason);
+  ++errors_;
+  out_.flush();
 }
 
 void Interpreter::run(const std::string& verb, Words& w) {
   auto it = verbs_.find(verb);
-  if (it == verbs_.end()) throw ScriptError("unknown command '" + verb + "'");
+  if (it == verbs_.end()) throw ScriptError("unknown command " + quoted(verb));
   (this->*(it->second))(w);
 }
 
 Control& Interpreter::control(const std::string& name) {
   Control* ctl = c_.registry.find(name);
-  if (!ctl) throw ScriptError("unknown control '" + name + "'");
+  if (!ctl) throw ScriptError("unknown control " + quoted(name));
   return *ctl;
 }
 
@@ -225,12 +240,12 @@ void Interpreter::answer(Words& w) { dialogs_.queueAnswer(w.rest()); }
 
 void Interpreter::load(Words& w) {
   const std::string kind = w.need("file kind");
-  if (!c_.files.load(kind, w.rest())) throw ScriptError("unknown file kind '" + kind + "'");
+  if (!c_.files.load(kind, w.rest())) throw ScriptError("unknown file kind " + quoted(kind));
 }
 
 void Interpreter::save(Words& w) {
   const std::string kind = w.need("file kind");
-  if (!c_.files.save(kind, w.rest())) throw ScriptError("unknown file kind '" + kind + "'");
+  if (!c_.files.save(kind, w.rest())) throw ScriptError("unknown file kind " + quoted(kind));
 }
 
 void Interpreter::advance(Words& w) {
@@ -276,13 +291,13 @@ std::string Interpreter::valueOf(const std::string& expr) {
   if (auto v = c_.names.get(expr)) return *v;
   const size_t open = expr.find('(');
   if (open != std::string::npos && c_.names.knows(expr.substr(0, open)))
-    throw ScriptError("index out of range: '" + expr + "'");
+    throw ScriptError("index out of range: " + quoted(expr));
   if (Control* ctl = c_.registry.find(expr)) return ctl->value();
   const size_t dot = expr.rfind('.');
   if (dot != std::string::npos && dot > 0)
     if (Control* ctl = c_.registry.find(expr.substr(0, dot)))
       return property(*ctl, expr.substr(dot + 1), expr);
-  throw ScriptError("unknown name '" + expr + "'");
+  throw ScriptError("unknown name " + quoted(expr));
 }
 
 void Interpreter::get(Words& w) {

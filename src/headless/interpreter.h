@@ -4,6 +4,7 @@
 // points the desk uses, so a script rehearses exactly what an operator would
 // do. Shared by the headless runner and the desk's remote port.
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -20,6 +21,10 @@ class Words;
 
 class Interpreter {
  public:
+  // The longest line taken, in bytes: far above any command, and a bound on
+  // what one line may cost.
+  static constexpr size_t kMaxLineBytes = 64 * 1024;
+
   // clock: the virtual clock `advance` moves, or null when the console runs on real time.
   Interpreter(Console& console, ScriptedDialogs& dialogs, VirtualClock* clock, std::ostream& out);
   ~Interpreter();
@@ -28,6 +33,8 @@ class Interpreter {
 
   // Runs one line; false when it printed an ERROR line. lineNo is for that line.
   bool execute(const std::string& line, int lineNo);
+  // The ERROR line for a line too long to be read, which the reader dropped.
+  void lineTooLong(int lineNo);
   int errorCount() const { return errors_; }
 
   // Real time only: how `advance MS` lets MS milliseconds pass. By default it
@@ -66,6 +73,8 @@ class Interpreter {
   std::string valueOf(const std::string& name);
   void sleepRun(int64_t ms);
   void print(const std::string& line);
+  // Prints the ERROR line of a line and counts it.
+  void lineError(int lineNo, const std::string& reason);
 
   Console& c_;
   ScriptedDialogs& dialogs_;

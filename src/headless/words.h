@@ -40,4 +40,10 @@ class Words {
 // A decimal integer, whole word; false for anything else (also when it does not fit).
 bool parseDecimal(const std::string& word, int64_t& out);
 
+// A piece of the line as an error message quotes it: in single quotes, and
+// cut short, so that a huge line is never echoed back whole.
+std::string quoted(const std::string& text);
+// The first bytes of a text, "..." marking a cut; a character is never split.
+std::string clipped(const std::string& text, size_t maxBytes);
+
 }  // namespace q
