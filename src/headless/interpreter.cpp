@@ -15,14 +15,37 @@ namespace {
 // One day of show time: far beyond any rehearsal, and short enough that a
 // mistyped number cannot keep the console ticking for years.
 constexpr int64_t kMaxAdvanceMs = 86'400'000;
+// A point far beyond any control, yet one that a handler may still turn into
+// a whole number of cells or pixels.
+constexpr double kMaxPoint = 1e9;
 
 std::string vb(bool b) { return b ? "-1" : "0"; }
 
-MouseButton mouseButton(Words& w) {
-  std::string b;
-  if (!w.next(b) || b == "left") return MouseButton::Left;
+MouseButton mouseButton(const std::string& b) {
+  if (b == "left") return MouseButton::Left;
   if (b == "right") return MouseButton::Right;
   throw ScriptError("unknown mouse button " + quoted(b) + " (left or right)");
+}
+
+// A word that starts like a number is the point, anything else the button.
+bool startsNumber(const std::string& word) {
+  const char ch = word[0];
+  return (ch >= '0' && ch <= '9') || ch == '-' || ch == '+' || ch == '.';
+}
+
+// The rest of a mouse command: `[left|right] [X Y]` (the button only where
+// the command takes one). Left and the point 0, 0 where they are left out.
+MouseEvent mouseEvent(Words& w, bool withButton) {
+  MouseEvent e(MouseButton::Left, 0, 0);
+  std::string word;
+  if (withButton && Words(w).next(word) && !startsNumber(word))
+    e.button = mouseButton(w.need("mouse button"));
+  if (Words(w).next(word)) {
+    e.x = w.real("X", kMaxPoint);
+    e.y = w.real("Y", kMaxPoint);
+  }
+  w.end();
+  return e;
 }
 
 // `NAME.Caption`, `NAME.Enabled` ...: the properties `get` reads besides a control's value.
@@ -62,7 +85,8 @@ const std::map<std::string, Interpreter::Verb> Interpreter::verbs_ = {
     {"load", &Interpreter::load},         {"save", &Interpreter::save},
     {"advance", &Interpreter::advance},   {"tick", &Interpreter::tick},
     {"quit", &Interpreter::quit},         {"get", &Interpreter::get},
-    {"dmx", &Interpreter::dmx},
+    {"dmx", &Interpreter::dmx},           {"move", &Interpreter::move},
+    {"activate", &Interpreter::activate}, {"close", &Interpreter::close},
 };
 
 Interpreter::Interpreter(Console& console, ScriptedDialogs& dialogs, VirtualClock* clock,
@@ -137,28 +161,30 @@ Control* Interpreter::target(Words& w) {
 
 void Interpreter::mouseDown(Words& w) {
   Control* ctl = target(w);
-  const MouseButton b = mouseButton(w);
-  w.end();
-  if (ctl) ctl->mouseDown(b);
+  const MouseEvent e = mouseEvent(w, true);
+  if (!ctl) return;
+  held_[ctl->name()] = e.button;
+  ctl->mouseDown(e);
 }
 
 void Interpreter::mouseUp(Words& w) {
-  Control* ctl = target(w);
-  const MouseButton b = mouseButton(w);
-  w.end();
-  if (ctl) ctl->mouseUp(b);
+  Control& ctl = control(w.need("control"));
+  const MouseEvent e = mouseEvent(w, true);
+  held_.erase(ctl.name());  // released, whether or not the control takes it
+  if (ctl.enabled()) ctl.mouseUp(e);
 }
 
 void Interpreter::press(Words& w) {
   Control* ctl = target(w);
-  const MouseButton b = mouseButton(w);
-  w.end();
+  const MouseEvent e = mouseEvent(w, true);
   if (!ctl) return;
-  ctl->mouseDown(b);
-  // The down handler may have disabled the control (a key that locks itself).
-  if (!ctl->enabled()) return;
-  ctl->mouseUp(b);
-  ctl->click();
+  const std::string name = ctl->name();
+  held_.erase(name);
+  ctl->mouseDown(e);
+  // The down handler may have locked the key or closed its window.
+  if (c_.registry.peek(name) != ctl || !ctl->enabled()) return;
+  ctl->mouseUp(e);
+  if (c_.registry.peek(name) == ctl) ctl->click();
 }
 
 void Interpreter::click(Words& w) {
@@ -169,8 +195,46 @@ void Interpreter::click(Words& w) {
 
 void Interpreter::dblClick(Words& w) {
   Control* ctl = target(w);
+  const MouseEvent e = mouseEvent(w, false);
+  if (ctl) ctl->dblClick(e);
+}
+
+void Interpreter::move(Words& w) {
+  Control* ctl = target(w);
+  const double x = w.real("X", kMaxPoint);
+  const double y = w.real("Y", kMaxPoint);
   w.end();
-  if (ctl) ctl->dblClick();
+  if (!ctl) return;
+  auto it = held_.find(ctl->name());
+  ctl->mouseMove(MouseEvent(it == held_.end() ? MouseButton::None : it->second, x, y));
+}
+
+Window* Interpreter::window(const std::string& name, bool load) {
+  if (name == c_.form1.name()) return &c_.form1;
+  if (!WindowCatalogue::entry(name)) throw ScriptError("unknown window " + quoted(name));
+  if (!load) return c_.windows.find(name);
+  if (!c_.windows.canMake(name)) throw ScriptError("the window " + name + " cannot be opened");
+  return &c_.windows.load(name);
+}
+
+void Interpreter::activate(Words& w) {
+  Window* win = window(w.need("window"), true);
+  w.end();
+  // Brought to the front from another window: shown if it was hidden.
+  win->setVisible(true);
+  win->activate();
+}
+
+void Interpreter::close(Words& w) {
+  const std::string name = w.need("window");
+  Window* win = window(name, false);
+  w.end();
+  if (win == &c_.form1) {
+    c_.queryClose();  // the main window asks first, as `quit` does
+    return;
+  }
+  // A window that is not loaded has no close box to press.
+  if (win) win->closeBox();
 }
 
 void Interpreter::set(Words& w) {

@@ -17,7 +17,9 @@ class Console;
 class Control;
 class ScriptedDialogs;
 class VirtualClock;
+class Window;
 class Words;
+enum class MouseButton;
 
 class Interpreter {
  public:
@@ -50,6 +52,9 @@ class Interpreter {
   void press(Words& w);
   void click(Words& w);
   void dblClick(Words& w);
+  void move(Words& w);
+  void activate(Words& w);
+  void close(Words& w);
   void set(Words& w);
   void type(Words& w);
   void key(Words& w);
@@ -70,6 +75,9 @@ class Interpreter {
   Control& control(const std::string& name);
   // The control an operator event goes to; null when it is disabled and so takes no events.
   Control* target(Words& w);
+  // The window a command names: the main window or one of the catalogue's.
+  // load: loaded first if needed; else null when it is not loaded.
+  Window* window(const std::string& name, bool load);
   std::string valueOf(const std::string& name);
   void sleepRun(int64_t ms);
   void print(const std::string& line);
@@ -81,6 +89,9 @@ class Interpreter {
   VirtualClock* clock_;
   std::ostream& out_;
   int errors_ = 0;
+  // The button of the last `down` on each control that no `up` has released
+  // yet: a move over it carries that button, as a captured mouse does.
+  std::map<std::string, MouseButton> held_;
   static const std::map<std::string, Verb> verbs_;
 };
 

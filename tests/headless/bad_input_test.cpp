@@ -21,6 +21,35 @@ void expectOneShortError(const std::string& out) {
   EXPECT_LT(out.size(), 200u);
 }
 
+TEST_F(InterpreterTest, HugeWordsAndLinesGiveOneShortError) {
+  const std::string digits(5000, '9');
+  const std::string tiny = "0." + std::string(5000, '0') + "1";
+  const std::string word(Interpreter::kMaxLineBytes - 10, 'x');
+  const std::vector<std::string> lines = {
+      "set SMaster " + digits,
+      "advance " + digits,
+      "down SMaster " + digits + " 0",
+      "move SMaster 0 -" + digits,
+      "get ChanTable(" + digits + ",1)",
+      "dmx 1 " + digits,
+      word,
+      "get " + word,
+      "press " + word,
+      "get SMaster." + word,
+      "load " + word + " x",
+      "quit " + word,
+      "activate " + word,
+      "get WMP(0)." + word,
+  };
+  for (const auto& line : lines) {
+    SCOPED_TRACE(line.substr(0, 40));
+    expectOneShortError(run(line.c_str()));
+  }
+  // A fraction too small for a double is no error: the point is 0.
+  form1().add<Lamp>("TestPad").onMouseMove = [](const MouseEvent& e) { EXPECT_EQ(e.x, 0.0); };
+  EXPECT_EQ(run(("move TestPad " + tiny + " 1").c_str()), "");
+}
+
 TEST_F(InterpreterTest, ALineAboveTheBoundIsRefusedWholeAndQuickly) {
   const std::string huge = "type Direct " + std::string(100'000'000, '1');
   const auto start = Clock::now();
@@ -32,6 +61,20 @@ TEST_F(InterpreterTest, ALineAboveTheBoundIsRefusedWholeAndQuickly) {
   EXPECT_EQ(run(longest.c_str()), "");
   EXPECT_EQ(console().registry.find<TextBox>("Direct")->text().size(),
             Interpreter::kMaxLineBytes - 12);
+}
+
+TEST(WordsTest, DecimalRealsTakeSignAndFractionButNoOtherForm) {
+  double x = 7;
+  for (const char* good : {"0", "-0", "12", "+3", "-3.5", ".25", "5.", "007.50"})
+    EXPECT_TRUE(parseDecimalReal(good, x)) << good;
+  EXPECT_TRUE(parseDecimalReal("-12.75", x));
+  EXPECT_EQ(x, -12.75);
+  for (const char* bad : {"", "-", ".", "+-1", "1e3", "1E3", "nan", "inf", "-inf", "0x1A", "1,5",
+                          "1.2.3", " 1", "1 ", "--1", "1-"})
+    EXPECT_FALSE(parseDecimalReal(bad, x)) << bad;
+  // Too large for a double: infinite, so every range refuses it.
+  EXPECT_TRUE(parseDecimalReal("-" + std::string(400, '9'), x));
+  EXPECT_EQ(x, -HUGE_VAL);
 }
 
 TEST(WordsTest, QuotesAreCutWithoutSplittingACharacter) {
