@@ -7,6 +7,7 @@
 #include "engine/controls/handler_scope.h"
 #include "engine/core/console.h"
 #include "engine/core/scripted_dialogs.h"
+#include "headless/properties.h"
 #include "headless/words.h"
 
 namespace q {
@@ -18,8 +19,6 @@ constexpr int64_t kMaxAdvanceMs = 86'400'000;
 // A point far beyond any control, yet one that a handler may still turn into
 // a whole number of cells or pixels.
 constexpr double kMaxPoint = 1e9;
-
-std::string vb(bool b) { return b ? "-1" : "0"; }
 
 MouseButton mouseButton(const std::string& b) {
   if (b == "left") return MouseButton::Left;
@@ -46,31 +45,6 @@ MouseEvent mouseEvent(Words& w, bool withButton) {
   }
   w.end();
   return e;
-}
-
-// `NAME.Caption`, `NAME.Enabled` ...: the properties `get` reads besides a control's value.
-std::string property(Control& ctl, const std::string& prop, const std::string& expr) {
-  if (prop == "Enabled") return vb(ctl.enabled());
-  if (prop == "Visible") return vb(ctl.visible());
-  if (prop == "Value") return ctl.value();
-  if (prop == "Caption") {
-    if (auto* m = dynamic_cast<MenuItem*>(&ctl)) return m->caption();
-    if (auto* l = dynamic_cast<Label*>(&ctl)) return l->caption();
-    if (auto* k = dynamic_cast<CheckBox*>(&ctl)) return k->caption;
-  } else if (prop == "Text") {
-    if (auto* t = dynamic_cast<TextBox*>(&ctl)) return t->text();
-    if (auto* l = dynamic_cast<ListBox*>(&ctl)) return l->text();
-  } else if (prop == "Interval") {
-    if (auto* t = dynamic_cast<Timer*>(&ctl)) return std::to_string(t->interval());
-  } else if (prop == "Checked") {
-    if (auto* m = dynamic_cast<MenuItem*>(&ctl)) return vb(m->checked());
-  } else if (prop == "ListCount") {
-    if (auto* l = dynamic_cast<ListBox*>(&ctl)) return std::to_string(l->count());
-  } else if (prop == "Picture") {
-    if (auto* l = dynamic_cast<Lamp*>(&ctl)) return l->picture();
-  }
-  throw ScriptError("unknown name " + quoted(expr) + " (" + ctl.name() + " has no " +
-                    clipped(prop, 64) + ")");
 }
 }  // namespace
 
@@ -356,11 +330,14 @@ std::string Interpreter::valueOf(const std::string& expr) {
   const size_t open = expr.find('(');
   if (open != std::string::npos && c_.names.knows(expr.substr(0, open)))
     throw ScriptError("index out of range: " + quoted(expr));
+  if (auto v = playerProperty(c_, expr)) return *v;
+  // Before the registry, which would load the window to find a control of that name.
+  if (auto v = windowVisible(c_, expr)) return *v;
   if (Control* ctl = c_.registry.find(expr)) return ctl->value();
   const size_t dot = expr.rfind('.');
   if (dot != std::string::npos && dot > 0)
     if (Control* ctl = c_.registry.find(expr.substr(0, dot)))
-      return property(*ctl, expr.substr(dot + 1), expr);
+      return controlProperty(*ctl, expr.substr(dot + 1), expr);
   throw ScriptError("unknown name " + quoted(expr));
 }
 

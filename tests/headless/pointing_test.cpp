@@ -140,7 +140,7 @@ TEST_F(PointingTest, CloseRunsTheClosingAndUnloadHandlingAndTheNextUseLoadsAfres
   run("close Tecles");
   EXPECT_EQ(seen, (std::vector<std::string>{"query", "query", "unload"}));
   EXPECT_EQ(console().windows.find("Tecles"), nullptr);
-  EXPECT_EQ(run("close Tecles"), "");
+  EXPECT_EQ(run({"close Tecles", "get Tecles.Visible"}), "Tecles.Visible = 0\n");
   EXPECT_EQ(console().windows.find("Tecles"), nullptr);  // closing a closed window loads nothing
   run("activate Tecles");
   EXPECT_EQ(console().windows.find<Tecles>("Tecles")->AtPressed, kFalse);
