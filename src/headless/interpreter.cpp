@@ -192,8 +192,9 @@ Window* Interpreter::window(const std::string& name, bool load) {
 }
 
 void Interpreter::activate(Words& w) {
-  Window* win = window(w.need("window"), true);
+  const std::string name = w.need("window");
   w.end();
+  Window* win = window(name, true);
   // Brought to the front from another window: shown if it was hidden.
   win->setVisible(true);
   win->activate();

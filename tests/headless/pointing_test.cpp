@@ -175,8 +175,9 @@ TEST_F(PointingTest, ClosingTheMainWindowAsksFirst) {
 }
 
 TEST_F(PointingTest, OnlyWindowsCanBeActivatedOrClosed) {
-  for (const char* line : {"activate", "close", "activate Nowhere", "close Nowhere",
-                           "activate SMaster", "close Tecles.BTN(1)", "close Tecles now"}) {
+  for (const char* line :
+       {"activate", "close", "activate Nowhere", "close Nowhere", "activate SMaster",
+        "close Tecles.BTN(1)", "close Tecles now", "activate Tecles now"}) {
     SCOPED_TRACE(line);
     const std::string out = run(line);
     EXPECT_EQ(out.rfind("ERROR line ", 0), 0u) << out;
