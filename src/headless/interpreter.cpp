@@ -4,8 +4,10 @@
 #include <chrono>
 #include <thread>
 
+#include "engine/controls/handler_scope.h"
 #include "engine/core/console.h"
 #include "engine/core/scripted_dialogs.h"
+#include "headless/properties.h"
 #include "headless/words.h"
 
 namespace q {
@@ -14,38 +16,35 @@ namespace {
 // One day of show time: far beyond any rehearsal, and short enough that a
 // mistyped number cannot keep the console ticking for years.
 constexpr int64_t kMaxAdvanceMs = 86'400'000;
+// A point far beyond any control, yet one that a handler may still turn into
+// a whole number of cells or pixels.
+constexpr double kMaxPoint = 1e9;
 
-std::string vb(bool b) { return b ? "-1" : "0"; }
-
-MouseButton mouseButton(Words& w) {
-  std::string b;
-  if (!w.next(b) || b == "left") return MouseButton::Left;
+MouseButton mouseButton(const std::string& b) {
+  if (b == "left") return MouseButton::Left;
   if (b == "right") return MouseButton::Right;
-  throw ScriptError("unknown mouse button '" + b + "' (left or right)");
+  throw ScriptError("unknown mouse button " + quoted(b) + " (left or right)");
 }
 
-// `NAME.Caption`, `NAME.Enabled` ...: the properties `get` reads besides a control's value.
-std::string property(Control& ctl, const std::string& prop, const std::string& expr) {
-  if (prop == "Enabled") return vb(ctl.enabled());
-  if (prop == "Visible") return vb(ctl.visible());
-  if (prop == "Value") return ctl.value();
-  if (prop == "Caption") {
-    if (auto* m = dynamic_cast<MenuItem*>(&ctl)) return m->caption();
-    if (auto* l = dynamic_cast<Label*>(&ctl)) return l->caption();
-    if (auto* k = dynamic_cast<CheckBox*>(&ctl)) return k->caption;
-  } else if (prop == "Text") {
-    if (auto* t = dynamic_cast<TextBox*>(&ctl)) return t->text();
-    if (auto* l = dynamic_cast<ListBox*>(&ctl)) return l->text();
-  } else if (prop == "Interval") {
-    if (auto* t = dynamic_cast<Timer*>(&ctl)) return std::to_string(t->interval());
-  } else if (prop == "Checked") {
-    if (auto* m = dynamic_cast<MenuItem*>(&ctl)) return vb(m->checked());
-  } else if (prop == "ListCount") {
-    if (auto* l = dynamic_cast<ListBox*>(&ctl)) return std::to_string(l->count());
-  } else if (prop == "Picture") {
-    if (auto* l = dynamic_cast<Lamp*>(&ctl)) return l->picture();
+// A word that starts like a number is the point, anything else the button.
+bool startsNumber(const std::string& word) {
+  const char ch = word[0];
+  return (ch >= '0' && ch <= '9') || ch == '-' || ch == '+' || ch == '.';
+}
+
+// The rest of a mouse command: `[left|right] [X Y]` (the button only where
+// the command takes one). Left and the point 0, 0 where they are left out.
+MouseEvent mouseEvent(Words& w, bool withButton) {
+  MouseEvent e(MouseButton::Left, 0, 0);
+  std::string word;
+  if (withButton && Words(w).next(word) && !startsNumber(word))
+    e.button = mouseButton(w.need("mouse button"));
+  if (Words(w).next(word)) {
+    e.x = w.real("X", kMaxPoint);
+    e.y = w.real("Y", kMaxPoint);
   }
-  throw ScriptError("unknown name '" + expr + "' (" + ctl.name() + " has no " + prop + ")");
+  w.end();
+  return e;
 }
 }  // namespace
 
@@ -60,7 +59,8 @@ const std::map<std::string, Interpreter::Verb> Interpreter::verbs_ = {
     {"load", &Interpreter::load},         {"save", &Interpreter::save},
     {"advance", &Interpreter::advance},   {"tick", &Interpreter::tick},
     {"quit", &Interpreter::quit},         {"get", &Interpreter::get},
-    {"dmx", &Interpreter::dmx},
+    {"dmx", &Interpreter::dmx},           {"move", &Interpreter::move},
+    {"activate", &Interpreter::activate}, {"close", &Interpreter::close},
 };
 
 Interpreter::Interpreter(Console& console, ScriptedDialogs& dialogs, VirtualClock* clock,
@@ -75,40 +75,53 @@ Interpreter::~Interpreter() { dialogs_.onShow = nullptr; }
 void Interpreter::print(const std::string& line) { out_ << line << '\n'; }
 
 bool Interpreter::execute(const std::string& rawLine, int lineNo) {
+  if (rawLine.size() > kMaxLineBytes) {
+    lineTooLong(lineNo);
+    return false;
+  }
   std::string line = rawLine;
   if (!line.empty() && line.back() == '\r') line.pop_back();  // a script saved with CR LF
   Words w(line);
   std::string verb;
-  bool ok = true;
-  if (w.next(verb) && verb[0] != '#') {
-    // Whatever a handler throws, the console goes on with the next line.
-    try {
-      run(verb, w);
-    } catch (const ScriptError& e) {
-      print("ERROR line " + std::to_string(lineNo) + ": " + e.what());
-      ok = false;
-    } catch (const std::exception& e) {
-      print("ERROR line " + std::to_string(lineNo) + ": " + verb + " failed: " + e.what());
-      ok = false;
-    } catch (...) {
-      print("ERROR line " + std::to_string(lineNo) + ": " + verb + " failed");
-      ok = false;
-    }
+  if (!w.next(verb) || verb[0] == '#') return true;
+  // One line is one operator gesture: a window it unloads outlives it.
+  HandlerScope scope;
+  // Whatever a handler throws, the console goes on with the next line.
+  try {
+    run(verb, w);
+  } catch (const ScriptError& e) {
+    lineError(lineNo, e.what());
+    return false;
+  } catch (const std::exception& e) {
+    lineError(lineNo, clipped(verb, 64) + " failed: " + clipped(e.what(), 200));
+    return false;
+  } catch (...) {
+    lineError(lineNo, clipped(verb, 64) + " failed");
+    return false;
   }
-  if (!ok) ++errors_;
   out_.flush();
-  return ok;
+  return true;
+}
+
+void Interpreter::lineTooLong(int lineNo) {
+  lineError(lineNo, "line too long (more than " + std::to_string(kMaxLineBytes) + " bytes)");
+}
+
+void Interpreter::lineError(int lineNo, const std::string& reason) {
+  print("ERROR line " + std::to_string(lineNo) + ": " + reason);
+  ++errors_;
+  out_.flush();
 }
 
 void Interpreter::run(const std::string& verb, Words& w) {
   auto it = verbs_.find(verb);
-  if (it == verbs_.end()) throw ScriptError("unknown command '" + verb + "'");
+  if (it == verbs_.end()) throw ScriptError("unknown command " + quoted(verb));
   (this->*(it->second))(w);
 }
 
 Control& Interpreter::control(const std::string& name) {
   Control* ctl = c_.registry.find(name);
-  if (!ctl) throw ScriptError("unknown control '" + name + "'");
+  if (!ctl) throw ScriptError("unknown control " + quoted(name));
   return *ctl;
 }
 
@@ -122,28 +135,30 @@ Control* Interpreter::target(Words& w) {
 
 void Interpreter::mouseDown(Words& w) {
   Control* ctl = target(w);
-  const MouseButton b = mouseButton(w);
-  w.end();
-  if (ctl) ctl->mouseDown(b);
+  const MouseEvent e = mouseEvent(w, true);
+  if (!ctl) return;
+  held_[ctl->name()] = e.button;
+  ctl->mouseDown(e);
 }
 
 void Interpreter::mouseUp(Words& w) {
-  Control* ctl = target(w);
-  const MouseButton b = mouseButton(w);
-  w.end();
-  if (ctl) ctl->mouseUp(b);
+  Control& ctl = control(w.need("control"));
+  const MouseEvent e = mouseEvent(w, true);
+  held_.erase(ctl.name());  // released, whether or not the control takes it
+  if (ctl.enabled()) ctl.mouseUp(e);
 }
 
 void Interpreter::press(Words& w) {
   Control* ctl = target(w);
-  const MouseButton b = mouseButton(w);
-  w.end();
+  const MouseEvent e = mouseEvent(w, true);
   if (!ctl) return;
-  ctl->mouseDown(b);
-  // The down handler may have disabled the control (a key that locks itself).
-  if (!ctl->enabled()) return;
-  ctl->mouseUp(b);
-  ctl->click();
+  const std::string name = ctl->name();
+  held_.erase(name);
+  ctl->mouseDown(e);
+  // The down handler may have locked the key or closed its window.
+  if (c_.registry.peek(name) != ctl || !ctl->enabled()) return;
+  ctl->mouseUp(e);
+  if (c_.registry.peek(name) == ctl) ctl->click();
 }
 
 void Interpreter::click(Words& w) {
@@ -154,8 +169,47 @@ void Interpreter::click(Words& w) {
 
 void Interpreter::dblClick(Words& w) {
   Control* ctl = target(w);
+  const MouseEvent e = mouseEvent(w, false);
+  if (ctl) ctl->dblClick(e);
+}
+
+void Interpreter::move(Words& w) {
+  Control* ctl = target(w);
+  const double x = w.real("X", kMaxPoint);
+  const double y = w.real("Y", kMaxPoint);
   w.end();
-  if (ctl) ctl->dblClick();
+  if (!ctl) return;
+  auto it = held_.find(ctl->name());
+  ctl->mouseMove(MouseEvent(it == held_.end() ? MouseButton::None : it->second, x, y));
+}
+
+Window* Interpreter::window(const std::string& name, bool load) {
+  if (name == c_.form1.name()) return &c_.form1;
+  if (!WindowCatalogue::entry(name)) throw ScriptError("unknown window " + quoted(name));
+  if (!load) return c_.windows.find(name);
+  if (!c_.windows.canMake(name)) throw ScriptError("the window " + name + " cannot be opened");
+  return &c_.windows.load(name);
+}
+
+void Interpreter::activate(Words& w) {
+  const std::string name = w.need("window");
+  w.end();
+  Window* win = window(name, true);
+  // Brought to the front from another window: shown if it was hidden.
+  win->setVisible(true);
+  win->activate();
+}
+
+void Interpreter::close(Words& w) {
+  const std::string name = w.need("window");
+  Window* win = window(name, false);
+  w.end();
+  if (win == &c_.form1) {
+    c_.queryClose();  // the main window asks first, as `quit` does
+    return;
+  }
+  // A window that is not loaded has no close box to press.
+  if (win) win->closeBox();
 }
 
 void Interpreter::set(Words& w) {
@@ -225,12 +279,12 @@ void Interpreter::answer(Words& w) { dialogs_.queueAnswer(w.rest()); }
 
 void Interpreter::load(Words& w) {
   const std::string kind = w.need("file kind");
-  if (!c_.files.load(kind, w.rest())) throw ScriptError("unknown file kind '" + kind + "'");
+  if (!c_.files.load(kind, w.rest())) throw ScriptError("unknown file kind " + quoted(kind));
 }
 
 void Interpreter::save(Words& w) {
   const std::string kind = w.need("file kind");
-  if (!c_.files.save(kind, w.rest())) throw ScriptError("unknown file kind '" + kind + "'");
+  if (!c_.files.save(kind, w.rest())) throw ScriptError("unknown file kind " + quoted(kind));
 }
 
 void Interpreter::advance(Words& w) {
@@ -276,13 +330,16 @@ std::string Interpreter::valueOf(const std::string& expr) {
   if (auto v = c_.names.get(expr)) return *v;
   const size_t open = expr.find('(');
   if (open != std::string::npos && c_.names.knows(expr.substr(0, open)))
-    throw ScriptError("index out of range: '" + expr + "'");
+    throw ScriptError("index out of range: " + quoted(expr));
+  if (auto v = playerProperty(c_, expr)) return *v;
+  // Before the registry, which would load the window to find a control of that name.
+  if (auto v = windowVisible(c_, expr)) return *v;
   if (Control* ctl = c_.registry.find(expr)) return ctl->value();
   const size_t dot = expr.rfind('.');
   if (dot != std::string::npos && dot > 0)
     if (Control* ctl = c_.registry.find(expr.substr(0, dot)))
-      return property(*ctl, expr.substr(dot + 1), expr);
-  throw ScriptError("unknown name '" + expr + "'");
+      return controlProperty(*ctl, expr.substr(dot + 1), expr);
+  throw ScriptError("unknown name " + quoted(expr));
 }
 
 void Interpreter::get(Words& w) {

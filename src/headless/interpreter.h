@@ -4,6 +4,7 @@
 // points the desk uses, so a script rehearses exactly what an operator would
 // do. Shared by the headless runner and the desk's remote port.
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -16,10 +17,16 @@ class Console;
 class Control;
 class ScriptedDialogs;
 class VirtualClock;
+class Window;
 class Words;
+enum class MouseButton;
 
 class Interpreter {
  public:
+  // The longest line taken, in bytes: far above any command, and a bound on
+  // what one line may cost.
+  static constexpr size_t kMaxLineBytes = 64 * 1024;
+
   // clock: the virtual clock `advance` moves, or null when the console runs on real time.
   Interpreter(Console& console, ScriptedDialogs& dialogs, VirtualClock* clock, std::ostream& out);
   ~Interpreter();
@@ -28,6 +35,8 @@ class Interpreter {
 
   // Runs one line; false when it printed an ERROR line. lineNo is for that line.
   bool execute(const std::string& line, int lineNo);
+  // The ERROR line for a line too long to be read, which the reader dropped.
+  void lineTooLong(int lineNo);
   int errorCount() const { return errors_; }
 
   // Real time only: how `advance MS` lets MS milliseconds pass. By default it
@@ -43,6 +52,9 @@ class Interpreter {
   void press(Words& w);
   void click(Words& w);
   void dblClick(Words& w);
+  void move(Words& w);
+  void activate(Words& w);
+  void close(Words& w);
   void set(Words& w);
   void type(Words& w);
   void key(Words& w);
@@ -63,15 +75,23 @@ class Interpreter {
   Control& control(const std::string& name);
   // The control an operator event goes to; null when it is disabled and so takes no events.
   Control* target(Words& w);
+  // The window a command names: the main window or one of the catalogue's.
+  // load: loaded first if needed; else null when it is not loaded.
+  Window* window(const std::string& name, bool load);
   std::string valueOf(const std::string& name);
   void sleepRun(int64_t ms);
   void print(const std::string& line);
+  // Prints the ERROR line of a line and counts it.
+  void lineError(int lineNo, const std::string& reason);
 
   Console& c_;
   ScriptedDialogs& dialogs_;
   VirtualClock* clock_;
   std::ostream& out_;
   int errors_ = 0;
+  // The button of the last `down` on each control that no `up` has released
+  // yet: a move over it carries that button, as a captured mouse does.
+  std::map<std::string, MouseButton> held_;
   static const std::map<std::string, Verb> verbs_;
 };
 

@@ -19,6 +19,7 @@
 #include "engine/core/console.h"
 #include "engine/core/scripted_dialogs.h"
 #include "headless/interpreter.h"
+#include "headless/line_splitter.h"
 #include "headless/options.h"
 #include "platform/dmx_devices.h"
 #include "platform/midi/rtmidi_ports.h"
@@ -56,28 +57,15 @@ class InputLines {
     char buf[4096];
     const ssize_t n = read(STDIN_FILENO, buf, sizeof buf);
     if (n > 0)
-      pending_.append(buf, size_t(n));
+      lines_.feed(buf, size_t(n));
     else if (n == 0 || (errno != EINTR && errno != EAGAIN))
-      eof_ = true;
+      lines_.finish();
   }
-  bool next(std::string& line) {
-    const size_t nl = pending_.find('\n');
-    if (nl == std::string::npos) {
-      // The last line may lack its newline.
-      if (!eof_ || pending_.empty()) return false;
-      line = std::move(pending_);
-      pending_.clear();
-      return true;
-    }
-    line = pending_.substr(0, nl);
-    pending_.erase(0, nl + 1);
-    return true;
-  }
-  bool ended() const { return eof_ && pending_.empty(); }
+  LineSplitter::Got next(std::string& line) { return lines_.next(line); }
+  bool ended() const { return lines_.ended(); }
 
  private:
-  std::string pending_;
-  bool eof_ = false;
+  LineSplitter lines_{Interpreter::kMaxLineBytes};
 };
 
 class Run {
@@ -87,26 +75,38 @@ class Run {
 
   bool over() const { return c_.closed() || stopRequested; }
 
-  void line(const std::string& text) {
+  // Runs what the splitter found: a line, or the error for one too long.
+  // False when it found nothing.
+  bool take(LineSplitter::Got got, const std::string& text) {
+    if (got == LineSplitter::Got::Nothing) return false;
     letTimeRun();
-    in_.execute(text, ++lineNo_);
+    if (got == LineSplitter::Got::Line)
+      in_.execute(text, ++lineNo_);
+    else
+      in_.lineTooLong(++lineNo_);
     // The boxes are printed as they open; a console that runs for weeks keeps no log of them.
     dialogs_.shown.clear();
+    return true;
   }
 
   void script(std::istream& s) {
+    LineSplitter lines(Interpreter::kMaxLineBytes);
     std::string text;
-    while (!over() && std::getline(s, text)) line(text);
+    char buf[65536];
+    while (!over()) {
+      if (take(lines.next(text), text)) continue;
+      if (lines.ended()) break;
+      s.read(buf, sizeof buf);
+      lines.feed(buf, size_t(s.gcount()));
+      if (!s) lines.finish();
+    }
   }
 
   void standardInput() {
     InputLines input;
     std::string text;
     while (!over()) {
-      if (input.next(text)) {
-        line(text);
-        continue;
-      }
+      if (take(input.next(text), text)) continue;
       if (input.ended()) break;
       letTimeRun();
       input.wait(msToNextTick(), midi_);

@@ -30,6 +30,8 @@ class Words {
 
   // The next word as a decimal number within lo..hi.
   int64_t number(const char* what, int64_t lo, int64_t hi);
+  // The next word as a decimal number that may carry a fraction, within -limit..limit.
+  double real(const char* what, double limit);
 
  private:
   static bool blank(char ch) { return ch == ' ' || ch == '\t'; }
@@ -39,5 +41,14 @@ class Words {
 
 // A decimal integer, whole word; false for anything else (also when it does not fit).
 bool parseDecimal(const std::string& word, int64_t& out);
+// A decimal number with an optional sign and fraction ("12", "-3.5", ".25"),
+// whole word; false for anything else: no exponent, no "nan" or "inf".
+bool parseDecimalReal(const std::string& word, double& out);
+
+// A piece of the line as an error message quotes it: in single quotes, and
+// cut short, so that a huge line is never echoed back whole.
+std::string quoted(const std::string& text);
+// The first bytes of a text, "..." marking a cut; a character is never split.
+std::string clipped(const std::string& text, size_t maxBytes);
 
 }  // namespace q

@@ -1,34 +1,10 @@
-#include "headless/interpreter.h"
-
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "support/console_fixture.h"
+#include "headless/interpreter_fixture.h"
 
 namespace q::test {
 
 namespace {
-
-// A console on a virtual clock driven line by line; output is the printed text.
-class InterpreterTest : public ConsoleFixture {
- protected:
-  Interpreter& in() {
-    if (!in_) in_ = std::make_unique<Interpreter>(console(), dialogs, &clock, out_);
-    return *in_;
-  }
-  // Runs the lines (numbered from 1) and returns what they printed.
-  std::string run(const std::vector<std::string>& lines) {
-    out_.str("");
-    for (const auto& l : lines) in().execute(l, ++lineNo_);
-    return out_.str();
-  }
-  std::string run(const char* line) { return run(std::vector<std::string>{line}); }
-
-  std::ostringstream out_;
-  std::unique_ptr<Interpreter> in_;
-  int lineNo_ = 0;
-};
 
 // --- what `get` and `dmx` print --------------------------------------------
 

@@ -18,3 +18,9 @@ endforeach()
 add_test(NAME integration.ola_output
          COMMAND ${CMAKE_CURRENT_LIST_DIR}/ola_output.sh $<TARGET_FILE:quintara> $<TARGET_FILE:ola_readback>)
 set_tests_properties(integration.ola_output PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 120)
+
+# A 100 MB line, a 5000-digit number and points that are no numbers, as a
+# script and on standard input: one short error each, and the run goes on.
+add_test(NAME integration.long_lines
+         COMMAND ${CMAKE_CURRENT_LIST_DIR}/long_lines.sh $<TARGET_FILE:quintara>)
+set_tests_properties(integration.long_lines PROPERTIES TIMEOUT 120)
