@@ -8,8 +8,8 @@
 #include <stdexcept>
 
 #include "desk_fixture.h"
-#include "gui/views/menu_view.h"
 #include "gui/desk/fader_widget.h"
+#include "gui/views/menu_view.h"
 
 namespace q::test {
 namespace {
