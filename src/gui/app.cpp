@@ -23,6 +23,7 @@
 #include "gui/desk/desk_player.h"
 #include "gui/desk/desk_surface.h"
 #include "gui/desk/form1.h"
+#include "gui/views/window_host.h"
 #include "gui/desk/open_file.h"
 #include "gui/desk/splash_screen.h"
 #include "gui/guarded_application.h"
@@ -66,8 +67,19 @@ bool wantsScreenshot(int argc, char** argv) {
   return false;
 }
 
-int saveScreenshot(gui::Form1& form, const std::string& file) {
-  const QPixmap shot = form.grab();
+// Opens a window as the operator would: its menu entry or control.
+void openAsTheOperator(Console& console, const std::string& window) {
+  const WindowEntry* e = WindowCatalogue::entry(window);
+  if (!e) return;
+  if (e->opener == "FaderCFG") {  // a right press on a strip's selector
+    console.form1.FaderCFG(kFirstStrip).mouseDown(MouseButton::Right);
+    return;
+  }
+  if (Control* opener = console.registry.find(std::string(e->opener))) opener->click();
+}
+
+int saveScreenshot(QWidget& widget, const std::string& file) {
+  const QPixmap shot = widget.grab();
   if (shot.isNull() || !shot.save(QString::fromStdString(file), "PNG")) {
     std::fprintf(stderr, "quintara: cannot write the picture %s\n", file.c_str());
     return 1;
@@ -183,8 +195,16 @@ int runDesk(int argc, char** argv) {
 
   if (screenshot) {
     int result = 1;
+    if (!opt.window.empty()) openAsTheOperator(console, opt.window);
     QTimer::singleShot(kScreenshotSettleMs, &form, [&] {
-      result = saveScreenshot(form, opt.screenshot);
+      QWidget* shown = opt.window.empty() ? static_cast<QWidget*>(&form)
+                                          : form.windows().viewOf(opt.window);
+      if (!shown) {
+        std::fprintf(stderr, "quintara: the desk has no window %s\n", opt.window.c_str());
+        QCoreApplication::exit(0);
+        return;
+      }
+      result = saveScreenshot(*shown, opt.screenshot);
       QCoreApplication::exit(0);
     });
     app.exec();

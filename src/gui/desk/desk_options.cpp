@@ -26,6 +26,8 @@ DeskOptions parseDeskOptions(int argc, char** argv) {
       value(i, o.listen);
     } else if (!std::strcmp(a, "--screenshot")) {
       value(i, o.screenshot);
+    } else if (!std::strcmp(a, "--window")) {
+      value(i, o.window);
     } else if (!std::strcmp(a, "--zoom")) {
       std::string z;
       value(i, z);

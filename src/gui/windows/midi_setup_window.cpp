@@ -35,9 +35,9 @@ FormView* buildMidiSetupWindow(WindowHost& host, Window& model) {
   view->at(new ComboView(d.ComboMidiOut, nullptr), {1200, 90, 3000, 345});
   label(QObject::tr("MIDI In :"), {120, 540, 1000, 285});
   view->at(new ComboView(d.ComboMidiIn, nullptr), {1200, 510, 3000, 345});
-  label(QObject::tr("Channel :"), {4320, 120, 1000, 285});
+  label(QObject::tr("Channel :"), {4080, 120, 1260, 285});
   view->at(new ComboView(d.ComboChannel, nullptr), {5400, 90, 900, 345});
-  label(QObject::tr("Quick Setup :"), {4320, 540, 1000, 285});
+  label(QObject::tr("Quick Setup :"), {4080, 540, 1260, 285});
   view->at(new ComboView(d.Combo1, nullptr), {5400, 510, 1680, 345});
 
   view->at(new QGroupBox(QObject::tr("MIDI Control Change")), {120, 1020, 6960, 3540});

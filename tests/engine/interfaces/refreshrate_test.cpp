@@ -83,7 +83,7 @@ TEST_F(RefreshrateTest, ChoosingADeviceSwitchesTheTickAtOnceAndTheCloseBoxStarts
   EXPECT_FALSE(w.Frame3.visible());
   const size_t calls = chip.calls.size();
   w.closeBox();
-  EXPECT_FALSE(w.isVisible());
+  EXPECT_EQ(console().windows.find("Refreshrate"), nullptr) << "unloaded";
   EXPECT_EQ(v().InterfaceType, 8);
   EXPECT_EQ(chip.calls.size(), calls) << "the old adapter is not stopped";
   EXPECT_TRUE(factory.vellemanLib == nullptr || factory.vellemanLib->calls.empty())
@@ -95,13 +95,12 @@ TEST_F(RefreshrateTest, OkStopsTheOldAdapterAndStartsTheNew) {
   FakeFtdi& chip = *factory.ftdis.at(0);
   w.ComboDevice.setListIndex(2);
   w.ok();
-  EXPECT_FALSE(w.isVisible());
+  EXPECT_EQ(console().windows.find("Refreshrate"), nullptr) << "unloaded";
   EXPECT_EQ(chip.calls.back(), "close");
   EXPECT_TRUE(console().interfaces.widget().IsOpen());
   // Re-choosing the adapter in force restarts nothing.
   const int tries = console().interfaces.widget().InitTries;
-  open();
-  w.ok();
+  open().ok();
   EXPECT_EQ(console().interfaces.widget().InitTries, tries);
 }
 
@@ -122,9 +121,10 @@ TEST_F(RefreshrateTest, ParallelPortChoicesCapTheChannelsAndLptFarPortsAreNotThe
   EXPECT_EQ(v().MaxChans, 64);
   EXPECT_EQ(v().PortBase, 888) << "the base stays";
   EXPECT_EQ(dialogs.shown, std::vector<std::string>{"MSGBOX Quintara | Under development LPT4"});
-  EXPECT_EQ(open().Combo1.text(), "64");
-  w.CmbLPT.setListIndex(1);
-  w.ok();
+  Refreshrate& again = open();
+  EXPECT_EQ(again.Combo1.text(), "64");
+  again.CmbLPT.setListIndex(1);
+  again.ok();
   EXPECT_EQ(v().PortBase, 632);
 }
 
