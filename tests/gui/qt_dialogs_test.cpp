@@ -7,8 +7,7 @@ namespace {
 
 TEST(SaveDialog, ANameWithoutExtensionTakesTheFirstFiltersOne) {
   EXPECT_EQ(gui::defaultSuffix("Quintara Save File (*.Qsh)|*.qsh"), "qsh");
-  EXPECT_EQ(gui::defaultSuffix(
-                "Orvaldi Patch file  (*.qpf)|*.qpf|Text File  (*.txt)|*.txt"),
+  EXPECT_EQ(gui::defaultSuffix("Orvaldi Patch file  (*.qpf)|*.qpf|Text File  (*.txt)|*.txt"),
             "qpf");
   EXPECT_EQ(gui::defaultSuffix("All files (*.*)|*.*"), "");
   EXPECT_EQ(gui::defaultSuffix(""), "");

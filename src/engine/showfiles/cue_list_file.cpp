@@ -206,6 +206,7 @@ void LoadCueList(Console& c, const std::string& path) {
   // Opened before the wipe: a file that isn't there, or is no cue list,
   // leaves the list as it was.
   refuseIfNoCueList(path);
+  auto replacing = c.snapshots.replacing();
   LineReader r(path);
   auto batch = c.v.Cues.changes.batch();
   wipeCues(c.v);

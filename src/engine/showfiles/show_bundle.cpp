@@ -16,9 +16,8 @@
 
 namespace q {
 
-namespace {
 // The six files of a show saved under path, in the order they are written.
-FileSet showFiles(Console& c, const std::string& path) {
+FileSet ShowFileSet(Console& c, const std::string& path) {
   // The base is the name less its last four characters, extension or not.
   std::string base = path;
   if (!dropLastChars(base, 4)) throw FileError(path, 0, "file name shorter than four characters");
@@ -44,10 +43,9 @@ FileSet showFiles(Console& c, const std::string& path) {
   set.add(path, out.text());
   return set;
 }
-}  // namespace
 
 void SaveShow(Console& c, const std::string& path) {
-  FileSet set = showFiles(c, path);
+  FileSet set = ShowFileSet(c, path);
   set.afterRename = c.files.afterShowRename;
   set.write();
   // As the cue list's own save, the show's makes its cue list the current one.
@@ -55,8 +53,6 @@ void SaveShow(Console& c, const std::string& path) {
   dropLastChars(base, 4);
   c.files.cueListFileName = base + ".qcl";
 }
-
-void WriteShowCopy(Console& c, const std::string& indexPath) { showFiles(c, indexPath).write(); }
 
 namespace {
 enum class Key { Name, Date, Submasters, CueList, Chaser1, Chaser2, Patch };
@@ -85,6 +81,7 @@ static std::string besideIndex(const std::string& indexPath, const std::string& 
 void LoadShow(Console& c, const std::string& path) {
   // A save there that died half-way is finished or taken back first.
   FileSet::recover(path);
+  auto replacing = c.snapshots.replacing();
   LineReader index(path);
   while (index.next()) {
     const std::string& line = index.line();

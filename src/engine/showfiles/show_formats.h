@@ -9,6 +9,7 @@
 #include <string>
 
 #include "engine/core/variables.h"
+#include "engine/showfiles/file_set.h"
 
 namespace q {
 
@@ -58,9 +59,9 @@ void SaveChannels(Console& c, const std::string& path, const std::string& name);
 // Show bundle (.qsh): the index and its five companions.
 void LoadShow(Console& c, const std::string& path);
 void SaveShow(Console& c, const std::string& path);
-// The whole show as SaveShow writes it, into a folder of the console's own
-// (a recovery snapshot): nothing of the console's state changes.
-void WriteShowCopy(Console& c, const std::string& indexPath);
+// The six files of the show as SaveShow writes them under indexPath, made
+// and not yet written; nothing of the console's state changes.
+FileSet ShowFileSet(Console& c, const std::string& indexPath);
 
 // The show name as the cue list window holds it (txt_Show, txt_Date), which
 // the cue list file reads and writes; the window mirrors ShowName/ShowDate.

@@ -243,6 +243,7 @@ class SubmasterReader {
 }  // namespace
 
 void LoadSubmasters(Console& c, const std::string& path) {
+  auto replacing = c.snapshots.replacing();
   auto batch = c.v.ChanTable.changes.batch();
   LineReader r(path);
   DirtyOnExit dirty(c.v);
