@@ -15,6 +15,7 @@
 #include "gui/desk_fixture.h"
 #include "gui/views/menu_view.h"
 #include "gui/views/window_host.h"
+#include "gui/windows/simple_window.h"
 
 namespace q {
 namespace {
@@ -102,10 +103,11 @@ TEST_F(ChannelViews, TheWheelOfTheSimpleViewMovesTheSelectionIntoTheFrame) {
   v().chan(3, 0) = 100;
   desk();
   choose("mnuSimple");
-  QWidget* cell = child("Simple", "Canal(3)");
-  ASSERT_NE(cell, nullptr);
+  auto* cells = static_cast<gui::SimpleCellsView*>(child("Simple", "Canal"));
+  ASSERT_NE(cells, nullptr);
   EXPECT_EQ(get("Simple.Canal(3)"), "100");
-  QTest::mouseClick(cell, Qt::LeftButton);
+  EXPECT_EQ(cells->channelAt(cells->cellRect(3).center()), 3);
+  QTest::mouseClick(cells, Qt::LeftButton, {}, cells->cellRect(3).center());
   EXPECT_EQ(child("Simple", "Text1")->property("text").toString(), "3");
   QWidget* wheel = child("Simple", "Picture4");
   ASSERT_NE(wheel, nullptr);
@@ -115,13 +117,18 @@ TEST_F(ChannelViews, TheWheelOfTheSimpleViewMovesTheSelectionIntoTheFrame) {
   EXPECT_EQ(frame(3), 120);
 
   // A double click switches a cell between off and full, and the colour it leaves stands.
-  QWidget* other = child("Simple", "Canal(8)");
-  QTest::mouseClick(other, Qt::LeftButton);
-  QTest::mouseDClick(other, Qt::LeftButton);
+  const QPoint other = cells->cellRect(8).center();
+  QTest::mouseClick(cells, Qt::LeftButton, {}, other);
+  QTest::mouseDClick(cells, Qt::LeftButton, {}, other);
   EXPECT_EQ(frame(8), 255);
-  QTest::mouseDClick(other, Qt::LeftButton);
+  QTest::mouseDClick(cells, Qt::LeftButton, {}, other);
   EXPECT_EQ(frame(8), 0);
   EXPECT_FALSE(console().windows.find<Simple>("Simple")->Canal(8).selected());
+  // A right press adds a cell to the selection; a press between cells picks none.
+  QTest::mouseClick(cells, Qt::RightButton, {}, cells->cellRect(40).center());
+  EXPECT_TRUE(console().windows.find<Simple>("Simple")->Canal(40).selected());
+  EXPECT_EQ(cells->channelAt(cells->cellRect(40).topRight() + QPoint(1, 0)), 0);
+  EXPECT_EQ(cells->channelAt(cells->cellRect(129).center()), 0) << "beyond MaxChans";
 
   // Folded, the window keeps its top only.
   const int unfolded = view("Simple")->height();
