@@ -1,6 +1,7 @@
 #include "engine/core/console.h"
 
 #include "engine/look/about_window.h"
+#include "engine/views/level_windows.h"
 
 namespace q {
 
@@ -48,6 +49,7 @@ Console::Console(ConsoleHost host)
   registerCoreValues(*this);
   wireMainMenu();
   addAboutWindow(*this);
+  addLevelWindows(*this);
   windows.enableOpeners();
 }
 
