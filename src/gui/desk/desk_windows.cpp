@@ -10,6 +10,7 @@
 #include "gui/desk/program_pages.h"
 #include "gui/views/window_host.h"
 #include "gui/windows/about_window.h"
+#include "gui/windows/chaser_editor_window.h"
 #include "gui/windows/fader_config_window.h"
 #include "gui/windows/interface_setup_window.h"
 #include "gui/windows/keypad_window.h"
@@ -34,6 +35,8 @@ void addDeskWindows(WindowHost& host) {
   host.addBuilder("Tecles", buildKeypadWindow);
   host.addBuilder("Refreshrate", buildInterfaceSetupWindow);
   host.addBuilder("frmAbout", buildAboutWindow);
+  host.addBuilder("FX1Config", buildChaserEditorWindow);
+  host.addBuilder("FX2Config", buildChaserEditorWindow);
 
   Console& c = host.console();
   // Links open through the desktop's own handler.
