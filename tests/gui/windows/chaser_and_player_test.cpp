@@ -12,6 +12,7 @@
 #include <QScrollBar>
 #include <cmath>
 #include <fstream>
+#include <functional>
 
 #include "engine/chasers/chaser_editor.h"
 #include "gui/desk/desk_player.h"
@@ -23,10 +24,14 @@
 namespace q {
 namespace {
 
-void screenshot(QWidget* w, const char* name) {
+// The picture is taken at the zoom of the docs' other pictures.
+void screenshot(gui::Form1& desk, const std::function<QWidget*()>& shown, const char* name) {
   const QByteArray dir = qgetenv("QUINTARA_SCREENSHOTS");
-  if (dir.isEmpty() || !w) return;
-  w->grab().save(QString::fromUtf8(dir) + "/" + name, "PNG");
+  if (dir.isEmpty()) return;
+  desk.setZoomOverride(1.5);
+  QCoreApplication::processEvents();
+  if (QWidget* w = shown()) w->grab().save(QString::fromUtf8(dir) + "/" + name, "PNG");
+  desk.setZoomOverride(1);
 }
 
 class ChaserEditorDesk : public test::DeskFixture {
@@ -69,7 +74,8 @@ TEST_F(ChaserEditorDesk, OpensFromEditAndAStepEditedInItsGridChangesTheLight) {
   advance(1000);
   EXPECT_EQ(dmx(3), 255);
   EXPECT_EQ(console().windows.find<ChaserEditor>("FX1Config")->playingStep(), 1);
-  screenshot(editor(), "FX1Config-running.png");
+  screenshot(
+      desk(), [this] { return editor(); }, "FX1Config-running.png");
 
   QTest::mouseClick(child<QAbstractButton>("Flash"), Qt::LeftButton);
   advance(1000);
@@ -146,7 +152,8 @@ TEST_F(PlayerDesk, AFileDroppedOnLoadOpensAndItsStateShows) {
   EXPECT_TRUE(view->text().startsWith(QStringLiteral("\u25B6")));  // playing
   ASSERT_TRUE(QTest::qWaitFor([&] { return player.position() >= 0.5; }, 10000));
   EXPECT_TRUE(view->timeText().endsWith("/ 0:02")) << view->timeText().toStdString();
-  screenshot(&desk(), "desk-player.png");
+  screenshot(
+      desk(), [this] { return &desk(); }, "desk-player.png");
   QTest::mouseClick(widget("MpPlay(0)"), Qt::LeftButton);
   ASSERT_TRUE(QTest::qWaitFor([&] { return player.playState() == 1; }, 10000));
   EXPECT_TRUE(view->text().startsWith(QStringLiteral("\u2759")));  // paused
