@@ -11,6 +11,7 @@
 #include "gui/views/window_host.h"
 #include "gui/windows/about_window.h"
 #include "gui/windows/channels_window.h"
+#include "gui/windows/chaser_editor_window.h"
 #include "gui/windows/fader_config_window.h"
 #include "gui/windows/interface_setup_window.h"
 #include "gui/windows/keypad_window.h"
@@ -40,6 +41,8 @@ void addDeskWindows(WindowHost& host) {
   host.addBuilder("Canals", buildChannelsWindow);
   host.addBuilder("Simple", buildSimpleWindow);
   host.addBuilder("Mobile", buildXYWindow);
+  host.addBuilder("FX1Config", buildChaserEditorWindow);
+  host.addBuilder("FX2Config", buildChaserEditorWindow);
 
   Console& c = host.console();
   // Links open through the desktop's own handler.
