@@ -99,8 +99,13 @@ void CellGridView::paintEvent(QPaintEvent* e) {
       const int align = cell.align == CellGrid::Cell::Align::Left    ? Qt::AlignLeft
                         : cell.align == CellGrid::Cell::Align::Right ? Qt::AlignRight
                                                                      : Qt::AlignHCenter;
-      p.drawText(box.adjusted(2, 0, -2, 0), align | Qt::AlignVCenter,
-                 QString::fromStdString(cell.text));
+      const QString text = QString::fromStdString(cell.text);
+      if (m->textLeft >= 0 && m->textTop >= 0)
+        p.drawText(box.adjusted(int(std::lround(m->textLeft * scale_)),
+                                int(std::lround(m->textTop * scale_)), 0, 0),
+                   Qt::AlignLeft | Qt::AlignTop, text);
+      else
+        p.drawText(box.adjusted(2, 0, -2, 0), align | Qt::AlignVCenter, text);
     }
 }
 
