@@ -1,5 +1,6 @@
 #include "engine/core/console.h"
 
+#include "engine/cuelist/cue_grid.h"
 #include "engine/look/about_window.h"
 
 namespace q {
@@ -48,6 +49,7 @@ Console::Console(ConsoleHost host)
   registerCoreValues(*this);
   wireMainMenu();
   addAboutWindow(*this);
+  addCueListWindows(*this);
   windows.enableOpeners();
 }
 
