@@ -99,9 +99,9 @@ Cuewin::Cuewin(Console& c)
   setBox(vscScroll, {0, kPanesTop, kBar, 0});
   setBox(hscScroll, {kLevelsLeft, 0, 0, kBar});
   setBox(txtedit, {kLevelsLeft, kPanesTop, kCellWidth, kCellHeight});
-  Picture2.rows = 1;
   Picture3.columns = Picture4.columns = Picture6.columns = 1;
   Picture5.columns = 4;
+  for (CellGrid* p : {&Picture3, &Picture4, &Picture5, &Picture6}) p->width = boxOf(*p).width;
 
   // The window as it first opens: the resize rule lays it out.
   resize(kStartWidth, kStartHeight);
@@ -128,12 +128,17 @@ Cuewin::Cuewin(Console& c)
 
   cuesListener_ = c.v.Cues.changes.listen([this](const TableChange& ch) { cuesChanged(ch); });
   nextCueRow_ = c.memories.nextCue();
-  nextCueListener_ = c.memories.NextCue.addViewListener([this] { nextCueChanged(); });
+  // The label may go before this window does, as the console itself ends.
+  nextCue_ = &c.memories.NextCue;
+  nextCueListener_ = nextCue_->addViewListener([this] { nextCueChanged(); });
+  nextCueGone_ = nextCue_->addDestroyListener([this] { nextCue_ = nullptr; });
 }
 
 Cuewin::~Cuewin() {
   c_.v.Cues.changes.unlisten(cuesListener_);
-  c_.memories.NextCue.removeViewListener(nextCueListener_);
+  if (!nextCue_) return;
+  nextCue_->removeViewListener(nextCueListener_);
+  nextCue_->removeDestroyListener(nextCueGone_);
 }
 
 void Cuewin::setBox(const Control& c, Box b) { boxes_[&c] = b; }
@@ -283,6 +288,7 @@ void Cuewin::rowChanged(int row) {
 }
 
 void Cuewin::nextCueChanged() {
+  if (!nextCue_) return;
   const long now = c_.memories.nextCue();
   if (now == nextCueRow_) return;
   const long before = std::exchange(nextCueRow_, now);
@@ -316,14 +322,14 @@ void Cuewin::levelsDown(const MouseEvent& e) {
     setBox(txtedit, at);
     layoutChanged.notify();
   }
-  if (e.button == MouseButton::Right && onPopupMenu) onPopupMenu("mnuCue");
+  if (e.button == MouseButton::Right && onPopupMenu) onPopupMenu(qualified("mnuCue"));
 }
 
 void Cuewin::columnsDown(const MouseEvent& e) {
   const double row = std::floor(e.y / kCellHeight) + TopRow;
   if (!(row >= INT16_MIN && row <= INT16_MAX)) return;
   setSelectedCue(row);
-  if (e.button == MouseButton::Right && onPopupMenu) onPopupMenu("mnuCue");
+  if (e.button == MouseButton::Right && onPopupMenu) onPopupMenu(qualified("mnuCue"));
 }
 
 // The properties of the selected row; a row past the list is first made

@@ -65,7 +65,7 @@ class Cuewin : public Window {
   int height() const { return height_; }
   // Views: a control moved or changed size.
   Listeners<> layoutChanged;
-  // Views: the operator asked for the pop-up menu of that name.
+  // Views: the operator asked for the pop-up menu of that (full) name.
   std::function<void(const std::string& menu)> onPopupMenu;
 
   // The window resized to its outer size W, H: panes follow above the smallest size.
@@ -127,7 +127,9 @@ class Cuewin : public Window {
   int width_ = kStartWidth, height_ = kStartHeight;
   long nextCueRow_ = 0;
   int cuesListener_ = 0;
+  Label* nextCue_ = nullptr;
   int nextCueListener_ = 0;
+  int nextCueGone_ = 0;
 };
 
 // Gives the catalogue the cue list window and its two dialogs, and opens the

@@ -87,7 +87,7 @@ TEST_F(CueGrid, TheRightButtonPopsUpTheCueMenu) {
   w.Picture1.mouseDown({MouseButton::Right, 10, 10});
   w.Picture4.mouseDown({MouseButton::Right, 10, 300});
   w.Picture4.mouseDown({MouseButton::Left, 10, 300});
-  EXPECT_EQ(popped, (std::vector<std::string>{"mnuCue", "mnuCue"}));
+  EXPECT_EQ(popped, (std::vector<std::string>{"Cuewin.mnuCue", "Cuewin.mnuCue"}));
   EXPECT_EQ(v().SelectedCue, 2);
 }
 
