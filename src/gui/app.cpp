@@ -17,19 +17,21 @@
 #include <cstring>
 #include <filesystem>
 
+#include "engine/controls/cell_grid.h"
 #include "engine/core/console.h"
 #include "gui/desk/desk_context.h"
 #include "gui/desk/desk_options.h"
 #include "gui/desk/desk_player.h"
 #include "gui/desk/desk_surface.h"
 #include "gui/desk/form1.h"
-#include "gui/views/window_host.h"
 #include "gui/desk/open_file.h"
 #include "gui/desk/splash_screen.h"
 #include "gui/guarded_application.h"
+#include "gui/print/qt_page_printer.h"
 #include "gui/qt_dialogs.h"
 #include "gui/remote_port.h"
 #include "gui/timer_driver.h"
+#include "gui/views/window_host.h"
 #include "platform/dmx_devices.h"
 #include "platform/midi/rtmidi_ports.h"
 #include "platform/process/posix_process_launcher.h"
@@ -75,7 +77,15 @@ void openAsTheOperator(Console& console, const std::string& window) {
     console.form1.FaderCFG(kFirstStrip).mouseDown(MouseButton::Right);
     return;
   }
-  if (Control* opener = console.registry.find(std::string(e->opener))) opener->click();
+  Control* opener = console.registry.find(std::string(e->opener));
+  if (!opener) return;
+  // A pane of a grid opens its window with a double click on its first row.
+  if (dynamic_cast<CellGrid*>(opener)) {
+    opener->mouseDown({MouseButton::Left, 10, 10});
+    opener->dblClick({MouseButton::Left, 10, 10});
+    return;
+  }
+  opener->click();
 }
 
 int saveScreenshot(QWidget& widget, const std::string& file) {
@@ -126,6 +136,8 @@ int runDesk(int argc, char** argv) {
   host.devices = &realDevices();
   PosixProcessLauncher processes;
   host.processes = &processes;
+  gui::QtPagePrinter printer(gui::QtPagePrinter::Target::DefaultPrinter);
+  host.printer = &printer;
   RtMidiInPort midiIn;
   RtMidiOutPort midiOut;
   host.midiIn = &midiIn;
@@ -197,8 +209,8 @@ int runDesk(int argc, char** argv) {
     int result = 1;
     if (!opt.window.empty()) openAsTheOperator(console, opt.window);
     QTimer::singleShot(kScreenshotSettleMs, &form, [&] {
-      QWidget* shown = opt.window.empty() ? static_cast<QWidget*>(&form)
-                                          : form.windows().viewOf(opt.window);
+      QWidget* shown =
+          opt.window.empty() ? static_cast<QWidget*>(&form) : form.windows().viewOf(opt.window);
       if (!shown) {
         std::fprintf(stderr, "quintara: the desk has no window %s\n", opt.window.c_str());
         QCoreApplication::exit(0);
