@@ -10,10 +10,13 @@
 #include "gui/desk/program_pages.h"
 #include "gui/views/window_host.h"
 #include "gui/windows/about_window.h"
+#include "gui/windows/cue_list_window.h"
+#include "gui/windows/cue_properties_window.h"
 #include "gui/windows/fader_config_window.h"
 #include "gui/windows/interface_setup_window.h"
 #include "gui/windows/keypad_window.h"
 #include "gui/windows/midi_setup_window.h"
+#include "gui/windows/special_cue_window.h"
 
 namespace q::gui {
 
@@ -34,6 +37,9 @@ void addDeskWindows(WindowHost& host) {
   host.addBuilder("Tecles", buildKeypadWindow);
   host.addBuilder("Refreshrate", buildInterfaceSetupWindow);
   host.addBuilder("frmAbout", buildAboutWindow);
+  host.addBuilder("Cuewin", buildCueListWindow);
+  host.addBuilder("CueProps", buildCuePropertiesWindow);
+  host.addBuilder("SpCue", buildSpecialCueWindow);
 
   Console& c = host.console();
   // Links open through the desktop's own handler.
