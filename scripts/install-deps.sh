@@ -10,7 +10,7 @@ packages=(
   libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good
   libola-dev ola
   libgtest-dev libgmock-dev googletest libbenchmark-dev
-  xvfb xauth util-linux
+  xvfb xauth util-linux poppler-utils
 )
 
 missing=()
