@@ -182,5 +182,25 @@ TEST_F(CueListWindow, PrintsIntoAPdfFileWhereThereIsNoPrinter) {
   EXPECT_FALSE(QFile::exists(QString::fromStdString(path("CueList.pdf.part"))));
 }
 
+TEST_F(CueListWindow, AResetOfTheDeskWithTheListAndItsPropertiesOpenLeavesNoDanglingView) {
+  addCue("1", "a");
+  openList();
+  QTest::mouseClick(pane("Picture3"), Qt::LeftButton, {}, centre("Picture3", 0, 0));
+  QTest::mouseDClick(pane("Picture3"), Qt::LeftButton, {}, centre("Picture3", 0, 0));
+  ASSERT_NE(view("CueProps"), nullptr);
+  QPointer<gui::FormView> list = view("Cuewin");
+  dialogs.queueAnswer("OK");
+  desk().menus().action("mnuNew")->trigger();
+  EXPECT_EQ(console().windows.find("Cuewin"), nullptr);
+  EXPECT_EQ(console().windows.find("CueProps"), nullptr);
+  settle();
+  EXPECT_TRUE(list.isNull());
+  // The table the panes showed changes on, with no view left to hear it.
+  v().Cues.setCell(1, 1, uint8_t(9));
+  QCoreApplication::processEvents();
+  openList();
+  EXPECT_TRUE(view("Cuewin")->isVisible());
+}
+
 }  // namespace
 }  // namespace q
