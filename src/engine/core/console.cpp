@@ -2,6 +2,7 @@
 
 #include "engine/cuelist/cue_grid.h"
 #include "engine/look/about_window.h"
+#include "engine/views/level_windows.h"
 
 namespace q {
 
@@ -49,6 +50,7 @@ Console::Console(ConsoleHost host)
   registerCoreValues(*this);
   wireMainMenu();
   addAboutWindow(*this);
+  addLevelWindows(*this);
   addCueListWindows(*this);
   windows.enableOpeners();
 }

@@ -10,13 +10,17 @@
 #include "gui/desk/program_pages.h"
 #include "gui/views/window_host.h"
 #include "gui/windows/about_window.h"
+#include "gui/windows/channels_window.h"
+#include "gui/windows/chaser_editor_window.h"
 #include "gui/windows/cue_list_window.h"
 #include "gui/windows/cue_properties_window.h"
 #include "gui/windows/fader_config_window.h"
 #include "gui/windows/interface_setup_window.h"
 #include "gui/windows/keypad_window.h"
 #include "gui/windows/midi_setup_window.h"
+#include "gui/windows/simple_window.h"
 #include "gui/windows/special_cue_window.h"
+#include "gui/windows/xy_window.h"
 
 namespace q::gui {
 
@@ -37,6 +41,11 @@ void addDeskWindows(WindowHost& host) {
   host.addBuilder("Tecles", buildKeypadWindow);
   host.addBuilder("Refreshrate", buildInterfaceSetupWindow);
   host.addBuilder("frmAbout", buildAboutWindow);
+  host.addBuilder("Canals", buildChannelsWindow);
+  host.addBuilder("Simple", buildSimpleWindow);
+  host.addBuilder("Mobile", buildXYWindow);
+  host.addBuilder("FX1Config", buildChaserEditorWindow);
+  host.addBuilder("FX2Config", buildChaserEditorWindow);
   host.addBuilder("Cuewin", buildCueListWindow);
   host.addBuilder("CueProps", buildCuePropertiesWindow);
   host.addBuilder("SpCue", buildSpecialCueWindow);
