@@ -1,5 +1,6 @@
 #include "engine/core/console.h"
 
+#include "engine/cuelist/cue_grid.h"
 #include "engine/look/about_window.h"
 #include "engine/views/level_windows.h"
 
@@ -50,6 +51,7 @@ Console::Console(ConsoleHost host)
   wireMainMenu();
   addAboutWindow(*this);
   addLevelWindows(*this);
+  addCueListWindows(*this);
   windows.enableOpeners();
 }
 
