@@ -1,6 +1,8 @@
 #include "engine/core/console.h"
 
 #include "engine/look/about_window.h"
+#include "engine/views/channels_matrix.h"
+#include "engine/views/patch_window.h"
 
 namespace q {
 
@@ -48,6 +50,8 @@ Console::Console(ConsoleHost host)
   registerCoreValues(*this);
   wireMainMenu();
   addAboutWindow(*this);
+  addChannelsMatrix(*this);
+  addPatchWindows(*this);
   windows.enableOpeners();
 }
 
