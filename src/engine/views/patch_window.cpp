@@ -45,7 +45,8 @@ TextBox& PatchWindow::txtPatch(int i) {
 MenuItem& PatchWindow::addMenu(const std::string& name, const std::string& caption,
                                const std::string& parent) {
   MenuItem& m = add<MenuItem>(name, caption);
-  m.parent = parent;
+  // Views find the menu an item sits in by its full name.
+  m.parent = parent.empty() ? "" : qualified(parent);
   return m;
 }
 

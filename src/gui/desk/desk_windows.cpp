@@ -13,7 +13,9 @@
 #include "gui/windows/fader_config_window.h"
 #include "gui/windows/interface_setup_window.h"
 #include "gui/windows/keypad_window.h"
+#include "gui/windows/matrix_window.h"
 #include "gui/windows/midi_setup_window.h"
+#include "gui/windows/patch_windows.h"
 
 namespace q::gui {
 
@@ -34,6 +36,9 @@ void addDeskWindows(WindowHost& host) {
   host.addBuilder("Tecles", buildKeypadWindow);
   host.addBuilder("Refreshrate", buildInterfaceSetupWindow);
   host.addBuilder("frmAbout", buildAboutWindow);
+  host.addBuilder("frmSparseMatrix", buildMatrixWindow);
+  host.addBuilder("frmPatch", buildPatchWindow);
+  host.addBuilder("frmInvPatch", buildInvPatchWindow);
 
   Console& c = host.console();
   // Links open through the desktop's own handler.

@@ -52,7 +52,32 @@ QRect FormView::pixels(const Twips& t) const {
 void FormView::setSizeTwips(int width, int height) {
   widthTwips_ = width;
   heightTwips_ = height;
-  setFixedSize(px(width), px(height));
+  takeSize();
+}
+
+void FormView::setResizable(bool resizable) {
+  resizable_ = resizable;
+  if (resizable) {
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+  }
+  takeSize();
+}
+
+void FormView::takeSize() {
+  sizing_ = true;
+  if (resizable_)
+    resize(px(widthTwips_), px(heightTwips_));
+  else
+    setFixedSize(px(widthTwips_), px(heightTwips_));
+  sizing_ = false;
+}
+
+void FormView::resizeEvent(QResizeEvent* e) {
+  QWidget::resizeEvent(e);
+  if (!resizable_ || sizing_) return;
+  widthTwips_ = int(std::lround(width() / scale()));
+  heightTwips_ = int(std::lround(height() / scale()));
 }
 
 QFont FormView::windowFont(double points, bool bold) const {
@@ -76,8 +101,14 @@ void FormView::put(QWidget* view, const Twips& place) {
   if (auto* g = qobject_cast<CellGridView*>(view)) g->setScale(scale());
 }
 
+void FormView::replace(QWidget* view, Twips place) {
+  for (Placed& p : placed_)
+    if (p.view == view) p.place = place;
+  put(view, place);
+}
+
 void FormView::relayout() {
-  setFixedSize(px(widthTwips_), px(heightTwips_));
+  takeSize();
   std::erase_if(placed_, [](const Placed& p) { return p.view.isNull(); });
   for (const Placed& p : placed_) put(p.view, p.place);
   update();

@@ -36,6 +36,10 @@ class FormView : public QWidget {
   QRect pixels(const Twips& t) const;
   // The window's client area in twips.
   void setSizeTwips(int width, int height);
+  // A window the operator may resize: its size in twips follows the operator's.
+  void setResizable(bool resizable);
+  int widthTwips() const { return widthTwips_; }
+  int heightTwips() const { return heightTwips_; }
   // Puts a view at its place in twips; it follows the zoom from then on.
   template <class W>
   W* at(W* view, Twips place) {
@@ -44,6 +48,8 @@ class FormView : public QWidget {
     put(view, place);
     return view;
   }
+  // Moves a view placed with at() to a new place in twips.
+  void replace(QWidget* view, Twips place);
   // Puts every view in its place again at the present zoom.
   void relayout();
   // The console's type at a size in points, at the zoom.
@@ -59,6 +65,7 @@ class FormView : public QWidget {
   void keyPressEvent(QKeyEvent* e) override;
   void changeEvent(QEvent* e) override;
   void paintEvent(QPaintEvent* e) override;
+  void resizeEvent(QResizeEvent* e) override;
 
  private:
   struct Placed {
@@ -66,12 +73,16 @@ class FormView : public QWidget {
     Twips place;
   };
   void put(QWidget* view, const Twips& place);
+  void takeSize();
 
   WindowHost& host_;
   Window* model_;
   int widthTwips_ = 4800, heightTwips_ = 3600;
   std::vector<Placed> placed_;
   bool expectActivation_ = false;
+  bool resizable_ = false;
+  // Set while the view sizes itself from its twips (a zoom): not the operator's resize.
+  bool sizing_ = false;
 };
 
 }  // namespace q::gui
