@@ -23,13 +23,13 @@
 #include "gui/desk/desk_player.h"
 #include "gui/desk/desk_surface.h"
 #include "gui/desk/form1.h"
-#include "gui/views/window_host.h"
 #include "gui/desk/open_file.h"
 #include "gui/desk/splash_screen.h"
 #include "gui/guarded_application.h"
 #include "gui/qt_dialogs.h"
 #include "gui/remote_port.h"
 #include "gui/timer_driver.h"
+#include "gui/views/window_host.h"
 #include "platform/dmx_devices.h"
 #include "platform/midi/rtmidi_ports.h"
 #include "platform/process/posix_process_launcher.h"
@@ -197,8 +197,8 @@ int runDesk(int argc, char** argv) {
     int result = 1;
     if (!opt.window.empty()) openAsTheOperator(console, opt.window);
     QTimer::singleShot(kScreenshotSettleMs, &form, [&] {
-      QWidget* shown = opt.window.empty() ? static_cast<QWidget*>(&form)
-                                          : form.windows().viewOf(opt.window);
+      QWidget* shown =
+          opt.window.empty() ? static_cast<QWidget*>(&form) : form.windows().viewOf(opt.window);
       if (!shown) {
         std::fprintf(stderr, "quintara: the desk has no window %s\n", opt.window.c_str());
         QCoreApplication::exit(0);

@@ -3,7 +3,9 @@
 // a TCP connection, one command a line, each answered on the same
 // connection. It listens on the loopback address unless told another, and it
 // runs no command while a dialog of the desk is open, so a remote line never
-// lands inside the operator's dialog.
+// lands inside the operator's dialog. No client can hurt the show: a client
+// that leaves mid-command, floods lines or never reads its answers costs the
+// console a bounded amount of memory and time, and the light goes on.
 
 #include <QHostAddress>
 #include <QObject>
@@ -27,7 +29,7 @@ class RemotePort : public QObject {
 
   // "PORT" or "ADDRESS:PORT"; false with a reason when it can't listen.
   bool listen(const std::string& where, std::string& error);
-  quint16 port() const { return server_.serverPort(); }
+  quint16 port() const;
 
  signals:
   // A command closed the console.
@@ -35,11 +37,12 @@ class RemotePort : public QObject {
 
  private:
   class Session;
-  void accept();
+  class Listener;
+  void accept(int fd);
 
   Console& c_;
   QtDialogs& dialogs_;
-  QTcpServer server_;
+  std::unique_ptr<Listener> server_;
 };
 
 // Splits "ADDRESS:PORT" or "PORT"; false when it isn't one.

@@ -11,8 +11,8 @@ struct DeskOptions {
   std::string home;        // the program's folder; empty for the usual one
   std::string listen;      // "PORT" or "ADDRESS:PORT" of the remote port; empty for none
   std::string screenshot;  // render the desk to this PNG after start-up and end
-  std::string window;      // with --screenshot: open this window as the operator would and render it
-  double zoom = 0;         // 0: the setting, or fit the screen
+  std::string window;  // with --screenshot: open this window as the operator would and render it
+  double zoom = 0;     // 0: the setting, or fit the screen
   std::string commandLine;
   std::string error;
 };

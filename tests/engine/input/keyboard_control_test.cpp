@@ -88,8 +88,8 @@ TEST_F(Keyboard, FadersStopAtTheirEnds) {
 
 TEST_F(Keyboard, KeyboardControlPutsTheTextBoxesAside) {
   Control* focused = nullptr;
-  Control& commandLine = control("Direct");
-  commandLine.addFocusListener([&] { focused = &commandLine; });
+  Control& directBox = control("Direct");
+  directBox.addFocusListener([&] { focused = &directBox; });
   keyboardControl(true);
   EXPECT_EQ(get("mnukeyboard"), "-1");
   for (int n = 3; n <= 22; ++n) EXPECT_FALSE(form1().Slabel(n).enabled());

@@ -11,11 +11,11 @@
 #include <QListWidget>
 #include <QScrollBar>
 
-#include "gui/desk_fixture.h"
 #include "engine/input/keypad.h"
 #include "engine/input/midi_setup.h"
 #include "engine/interfaces/refreshrate.h"
 #include "engine/submasters/fader_config.h"
+#include "gui/desk_fixture.h"
 #include "gui/views/menu_view.h"
 #include "gui/views/window_host.h"
 
