@@ -94,13 +94,14 @@ void ChannelsMatrix::wire() {
   txtedit.onKeyPress = [this](int& key) {
     if (key == 13) enterLevel();
   };
+  // Each bar repaints the panes that move with it.
   hscScroll.onChange = [this] {
     leftChannel = hscScroll.position();
-    scrolled();
+    scrolled({&Picture1, &Picture2, &Picture3});
   };
   vscScroll.onChange = [this] {
     topRow = vscScroll.position();
-    scrolled();
+    scrolled({&Picture1, &Picture4});
   };
   tableListener_ =
       c_.v.ChanTable.changes.listen([this](const TableChange& ch) { tableChanged(ch); });
@@ -117,8 +118,7 @@ void ChannelsMatrix::load() {
   vscScroll.largeChange = int(std::max(1L, roundHalfEven(layout_.picture1.height / kCellH)));
   hscScroll.setRange(1, std::max(1, c_.v.MaxChans - 17));
   hscScroll.largeChange = int(std::max(1L, roundHalfEven(layout_.picture1.width / kCellW)));
-  lblTopLeft.setCaption("Top: " + std::to_string(topRow) +
-                        ", Left: " + std::to_string(leftChannel));
+  showPosition();
 }
 
 void ChannelsMatrix::resize(double width, double height) {
@@ -251,14 +251,16 @@ void ChannelsMatrix::enterLevel() {
   c_.v.MixDirty = kTrue;
 }
 
-void ChannelsMatrix::scrolled() {
+void ChannelsMatrix::scrolled(std::initializer_list<CellGrid*> panes) {
   if (!paints()) return;
-  repaintAll();
+  for (CellGrid* pane : panes) pane->invalidateAll();
+  for (size_t col = 0; col < shownOutput_.size(); ++col) shownOutput_[col] = outputByte(int(col));
+  showPosition();
 }
 
-void ChannelsMatrix::repaintAll() {
-  for (CellGrid* pane : {&Picture1, &Picture2, &Picture3, &Picture4}) pane->invalidateAll();
-  for (size_t col = 0; col < shownOutput_.size(); ++col) shownOutput_[col] = outputByte(int(col));
+void ChannelsMatrix::repaintAll() { scrolled({&Picture1, &Picture2, &Picture3, &Picture4}); }
+
+void ChannelsMatrix::showPosition() {
   lblTopLeft.setCaption("Top: " + std::to_string(topRow) +
                         ", Left: " + std::to_string(leftChannel));
 }

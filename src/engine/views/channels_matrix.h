@@ -10,6 +10,7 @@
 // mix, each only while the window stands in its normal state (neither
 // minimised nor maximised); coming back to normal repaints it all.
 
+#include <initializer_list>
 #include <vector>
 
 #include "engine/controls/cell_grid.h"
@@ -68,7 +69,9 @@ class ChannelsMatrix : public Window {
   void dragStep(const MouseEvent& e);
   void openEditor();
   void enterLevel();
-  void scrolled();
+  // Repaints the panes a scroll moved, with the strip's record and the position text.
+  void scrolled(std::initializer_list<CellGrid*> panes);
+  void showPosition();
   void applyLayout();
   CellGrid::Cell gridCell(int r, int c) const;
   // The frame byte under a column of the strip, -1 beyond the channels in use.

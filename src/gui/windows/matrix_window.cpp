@@ -7,6 +7,7 @@
 
 #include <QEvent>
 #include <QMetaObject>
+#include <QPointer>
 #include <QResizeEvent>
 #include <cmath>
 
@@ -58,7 +59,10 @@ class MatrixView : public FormView {
     topLeft_ = at(new LabelView(&m.lblTopLeft, nullptr), twips(l.lblTopLeft));
     editor_ = at(new CellEditor(m.txtedit), twips(l.txtedit));
     alive_.bind(&m.Picture1, [] {});
-    places_ = m.placesChanged.add([this] { placeParts(); });
+    // The view may go before the model (it is deleted later, as its window unloads).
+    places_ = m.placesChanged.add([self = QPointer<MatrixView>(this)] {
+      if (self) self->placeParts();
+    });
   }
 
   ~MatrixView() override {
