@@ -31,6 +31,7 @@
 #include "gui/timer_driver.h"
 #include "gui/views/window_host.h"
 #include "platform/dmx_devices.h"
+#include "platform/media/gst_media_player.h"
 #include "platform/midi/rtmidi_ports.h"
 #include "platform/process/posix_process_launcher.h"
 #include "platform/program_folder.h"
@@ -114,8 +115,8 @@ int runDesk(int argc, char** argv) {
 
   SteadyClock clock;
   gui::QtDialogs dialogs;
-  gui::DeskPlayer player0, player1;
-  gui::DeskPlayer* players[2] = {&player0, &player1};
+  // The players play through GStreamer; their news is taken in the desk's loop below.
+  GstMediaPlayer player0, player1;
   ConsoleHost host;
   host.clock = &clock;
   host.dialogs = &dialogs;
@@ -140,13 +141,15 @@ int runDesk(int argc, char** argv) {
   gui::DeskContext ctx(console);
   console.look.setPicture(&ctx.sheet);
   gui::TimerDriver driver(console.scheduler);
-  gui::Form1 form(ctx, players);
+  gui::Form1 form(ctx);
   if (screenshot)
     form.setZoomOverride(opt.zoom > 0 ? opt.zoom : kScreenshotZoom);
   else if (opt.zoom > 0)
     form.setZoomOverride(opt.zoom);
   dialogs.setParent(&form);
   watchSignals(&app);
+  new gui::PlayerPump(player0, &form);
+  new gui::PlayerPump(player1, &form);
   // MIDI arrives on RtMidi's thread; the console takes it on its own, here.
   if (midiIn.wakeFd() >= 0) {
     auto* midi = new QSocketNotifier(midiIn.wakeFd(), QSocketNotifier::Read, &app);

@@ -103,16 +103,31 @@ std::string QtDialogs::inputBox(const std::string& title, const std::string& pro
   return ok ? t.toStdString() : std::string();
 }
 
+// "Quintara Save File (*.Qsh)|*.qsh|..." gives "qsh"; "" when the first pattern has none.
+QString defaultSuffix(const std::string& consoleFilter) {
+  const QStringList parts = QString::fromStdString(consoleFilter).split('|');
+  if (parts.size() < 2) return {};
+  const QString pattern = parts[1].section(';', 0, 0).trimmed();
+  const int dot = pattern.lastIndexOf('.');
+  const QString ext = dot >= 0 ? pattern.mid(dot + 1) : QString();
+  return ext.contains('*') || ext.contains('?') ? QString() : ext;
+}
+
 std::string QtDialogs::fileDialog(const FileDialogRequest& r) {
   OpenDialog guard(open_, beforeShow);
   QString start = QString::fromStdString(r.initDir);
   if (!r.fileName.empty()) start = QDir(start).filePath(QString::fromStdString(r.fileName));
   const QString title = QString::fromStdString(r.title);
   const QString filter = qtFilter(r.filter);
-  const QString chosen = r.kind == FileDialogKind::Save
-                             ? QFileDialog::getSaveFileName(parent_, title, start, filter)
-                             : QFileDialog::getOpenFileName(parent_, title, start, filter);
-  return chosen.toStdString();
+  if (r.kind != FileDialogKind::Save)
+    return QFileDialog::getOpenFileName(parent_, title, start, filter).toStdString();
+  QFileDialog save(parent_, title, start, filter);
+  save.setAcceptMode(QFileDialog::AcceptSave);
+  // A name typed without an extension takes the one of the first filter, so
+  // that "desk" saves desk.qsh and not a file "desk" beside hidden companions.
+  save.setDefaultSuffix(defaultSuffix(r.filter));
+  if (save.exec() != QDialog::Accepted || save.selectedFiles().isEmpty()) return {};
+  return save.selectedFiles().front().toStdString();
 }
 
 bool QtDialogs::fontDialog(TextStyle& style) {

@@ -12,6 +12,10 @@
 
 namespace q::gui {
 
+// The extension a save dialog gives a name typed without one, from the
+// console's filter text ("Quintara Save File (*.Qsh)|*.qsh" gives "qsh").
+QString defaultSuffix(const std::string& consoleFilter);
+
 class QtDialogs : public Dialogs {
  public:
   // The window the dialogs belong to; may change (splash, then the desk).

@@ -13,8 +13,10 @@
 #include <climits>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <memory>
+#include <vector>
 
 #include "engine/core/console.h"
 #include "engine/core/scripted_dialogs.h"
@@ -22,6 +24,7 @@
 #include "headless/line_splitter.h"
 #include "headless/options.h"
 #include "platform/dmx_devices.h"
+#include "platform/media/gst_media_player.h"
 #include "platform/midi/rtmidi_ports.h"
 #include "platform/process/posix_process_launcher.h"
 #include "platform/program_folder.h"
@@ -44,16 +47,33 @@ void installSignals() {
   signal(SIGPIPE, SIG_IGN);
 }
 
+// What other threads hand to the console (MIDI input, the players' news):
+// each makes its descriptor readable, and the console takes it on its own
+// thread by pumping it.
+struct Waker {
+  int fd;
+  std::function<void()> pump;
+};
+
+// Waits at most timeoutMs (-1: until something comes) for the wakers and one
+// more descriptor; pumps those that are readable. True when `extra` is.
+bool waitAndPump(const std::vector<Waker>& wakers, int extra, int timeoutMs) {
+  std::vector<pollfd> p;
+  p.push_back({extra, POLLIN, 0});
+  for (const Waker& w : wakers) p.push_back({w.fd, POLLIN, 0});
+  if (poll(p.data(), nfds_t(p.size()), timeoutMs) <= 0) return false;
+  for (size_t i = 1; i < p.size(); ++i)
+    if (p[i].revents & POLLIN) wakers[i - 1].pump();
+  return p[0].revents & (POLLIN | POLLHUP | POLLERR);
+}
+
 // Standard input read as it comes, without blocking the timers.
 class InputLines {
  public:
   // Waits at most timeoutMs (-1: until input or a signal) and takes what
-  // arrived. A MIDI port's wake-up descriptor is watched beside the input.
-  void wait(int timeoutMs, RtMidiInPort* midi) {
-    pollfd p[2] = {{STDIN_FILENO, POLLIN, 0}, {midi ? midi->wakeFd() : -1, POLLIN, 0}};
-    if (poll(p, 2, timeoutMs) <= 0) return;
-    if (p[1].revents & POLLIN) midi->pump();
-    if (!(p[0].revents & (POLLIN | POLLHUP | POLLERR))) return;
+  // arrived; the wakers are watched beside the input.
+  void wait(int timeoutMs, const std::vector<Waker>& wakers) {
+    if (!waitAndPump(wakers, STDIN_FILENO, timeoutMs)) return;
     char buf[4096];
     const ssize_t n = read(STDIN_FILENO, buf, sizeof buf);
     if (n > 0)
@@ -70,8 +90,11 @@ class InputLines {
 
 class Run {
  public:
-  Run(Console& c, ScriptedDialogs& d, Interpreter& in, bool realTime, RtMidiInPort* midi)
-      : c_(c), dialogs_(d), in_(in), realTime_(realTime), midi_(midi) {}
+  Run(Console& c, ScriptedDialogs& d, Interpreter& in, bool realTime, std::vector<Waker> wakers)
+      : c_(c), dialogs_(d), in_(in), realTime_(realTime), wakers_(std::move(wakers)) {
+    // `advance` on the real clock waits with the console running, news included.
+    if (realTime_) in_.waitRealTime = [this](int64_t ms) { sleepRun(ms); };
+  }
 
   bool over() const { return c_.closed() || stopRequested; }
 
@@ -109,13 +132,26 @@ class Run {
       if (take(input.next(text), text)) continue;
       if (input.ended()) break;
       letTimeRun();
-      input.wait(msToNextTick(), midi_);
+      input.wait(msToNextTick(), wakers_);
     }
   }
 
  private:
   void letTimeRun() {
-    if (realTime_) c_.scheduler.runDue();
+    if (!realTime_) return;
+    waitAndPump(wakers_, -1, 0);
+    c_.scheduler.runDue();
+  }
+  void sleepRun(int64_t ms) {
+    const int64_t end = c_.scheduler.now() + ms;
+    for (;;) {
+      letTimeRun();
+      const int64_t now = c_.scheduler.now();
+      if (now >= end || over()) return;
+      const int64_t next = c_.scheduler.nextDue();
+      const int64_t until = next < 0 ? end : std::clamp(next, now, end);
+      waitAndPump(wakers_, -1, int(until - now));
+    }
   }
   // How long the loop may sleep: until the next tick, or for ever on a virtual clock.
   int msToNextTick() const {
@@ -129,7 +165,7 @@ class Run {
   ScriptedDialogs& dialogs_;
   Interpreter& in_;
   bool realTime_;
-  RtMidiInPort* midi_;
+  std::vector<Waker> wakers_;
   int lineNo_ = 0;
 };
 
@@ -169,18 +205,29 @@ int runHeadless(int argc, char** argv) {
   // the same every time, whatever a surface plugged into the machine sends.
   std::unique_ptr<RtMidiInPort> midiIn;
   std::unique_ptr<RtMidiOutPort> midiOut;
+  // On the real clock the players play through GStreamer; on the virtual
+  // clock they stay silent, so that every run comes out the same.
+  std::unique_ptr<GstMediaPlayer> players[2];
+  std::vector<Waker> wakers;
   if (!opt.virtualClock) {
     midiIn = std::make_unique<RtMidiInPort>();
     midiOut = std::make_unique<RtMidiOutPort>();
     host.midiIn = midiIn.get();
     host.midiOut = midiOut.get();
+    if (midiIn->wakeFd() >= 0) wakers.push_back({midiIn->wakeFd(), [&midiIn] { midiIn->pump(); }});
+    for (int k = 0; k < 2; ++k) {
+      players[k] = std::make_unique<GstMediaPlayer>();
+      host.players[k] = players[k].get();
+      GstMediaPlayer* p = players[k].get();
+      wakers.push_back({p->wakeFd(), [p] { p->pump(); }});
+    }
   }
   Console console(host);
   // The interpreter exists before start-up, so boxes shown while starting are printed too.
   Interpreter interpreter(console, dialogs, opt.virtualClock ? &virtualClock : nullptr, std::cout);
   console.start();
 
-  Run run(console, dialogs, interpreter, !opt.virtualClock, midiIn.get());
+  Run run(console, dialogs, interpreter, !opt.virtualClock, std::move(wakers));
   if (script.is_open())
     run.script(script);
   else

@@ -6,3 +6,7 @@ target_link_libraries(quintara_platform PUBLIC PkgConfig::LIBFTDI1 PkgConfig::LI
 # MIDI ports: RtMidi over the ALSA sequencer or JACK.
 pkg_check_modules(RTMIDI REQUIRED IMPORTED_TARGET rtmidi)
 target_link_libraries(quintara_platform PUBLIC PkgConfig::RTMIDI)
+
+# Media players: GStreamer's playbin.
+pkg_check_modules(GSTREAMER REQUIRED IMPORTED_TARGET gstreamer-1.0)
+target_link_libraries(quintara_platform PUBLIC PkgConfig::GSTREAMER)

@@ -42,7 +42,7 @@ class DeskFixture : public ConsoleFixture {
     if (!form) {
       ctx = std::make_unique<gui::DeskContext>(console());
       console().look.setPicture(&ctx->sheet);
-      form = std::make_unique<gui::Form1>(*ctx, nullptr);
+      form = std::make_unique<gui::Form1>(*ctx);
       form->setZoomOverride(1);
       // What fails in an event is told in the console's failure box, as on the desk.
       if (auto* app = gui::GuardedApplication::instance())

@@ -168,6 +168,11 @@ TEST_F(DeskTest, SpaceFiresGoAndTheKeyboardDeskMovesFaders) {
   EXPECT_EQ(form1().Fader(3).position(), 250);
   QTest::keyClick(form.get(), Qt::Key_PageDown);
   EXPECT_EQ(form1().SMaster.position(), 5);
+  // Keyboard control off: the command line takes the keys again.
+  form->activateWindow();
+  desk().menus().action("mnukeyboard")->trigger();
+  QApplication::processEvents();
+  EXPECT_EQ(QApplication::focusWidget(), widget("Direct"));
 }
 
 TEST_F(DeskTest, WhatIsTypedInATextBoxStaysInIt) {

@@ -24,3 +24,8 @@ set_tests_properties(integration.ola_output PROPERTIES SKIP_RETURN_CODE 77 TIMEO
 add_test(NAME integration.long_lines
          COMMAND ${CMAKE_CURRENT_LIST_DIR}/long_lines.sh $<TARGET_FILE:quintara>)
 set_tests_properties(integration.long_lines PROPERTIES TIMEOUT 120)
+
+# The players on the real clock through GStreamer, into a sink that needs no sound card.
+add_test(NAME integration.players
+         COMMAND ${CMAKE_CURRENT_LIST_DIR}/players.sh $<TARGET_FILE:quintara>)
+set_tests_properties(integration.players PROPERTIES TIMEOUT 120)

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "engine/chasers/chaser_editor.h"
 #include "engine/core/console.h"
 
 namespace q {
@@ -18,7 +19,15 @@ long stepOf(const Label& caption) {
 }  // namespace
 
 ChaserEngine::ChaserEngine(Console& c) : c_(c) {
-  for (int i = 0; i < 2; ++i) wire(i);
+  for (int i = 0; i < 2; ++i) {
+    wire(i);
+    c_.windows.setFactory(ChaserEditor::windowName(i),
+                          [this, i] { return std::make_unique<ChaserEditor>(c_, i); });
+  }
+}
+
+void ChaserEngine::openEditor(int i) {
+  c_.windows.load(ChaserEditor::windowName(i == 0 ? 0 : 1)).show();
 }
 
 void ChaserEngine::wire(int i) {
@@ -30,9 +39,7 @@ void ChaserEngine::wire(int i) {
   Lamp& config = f.add<Lamp>(indexed("btnFXConfig", i));
   config.onMouseDown = [&config](MouseButton) { config.setPicture("Llarg2"); };
   config.onMouseUp = [&config](MouseButton) { config.setPicture(""); };
-  config.onClick = [this, i] {
-    if (openEditor) openEditor(i);
-  };
+  config.onClick = [this, i] { openEditor(i); };
 }
 
 void ChaserEngine::step(int i) {

@@ -35,8 +35,8 @@ class ChaserEngine {
   // A whole number from low to high out of the console's random stream.
   int32_t RandomBetween(int32_t low, int32_t high) { return random_.between(low, high); }
 
-  // btnFXConfig clicked: the chaser editor sets this to open its window.
-  std::function<void(int index)> openEditor;
+  // btnFXConfig clicked: the chaser's editor opens beside the desk, not modal.
+  void openEditor(int index);
 
  private:
   void wire(int index);

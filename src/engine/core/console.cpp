@@ -2,6 +2,7 @@
 
 #include "engine/look/about_window.h"
 #include "engine/views/channels_matrix.h"
+#include "engine/views/level_windows.h"
 #include "engine/views/patch_window.h"
 
 namespace q {
@@ -52,6 +53,7 @@ Console::Console(ConsoleHost host)
   addAboutWindow(*this);
   addChannelsMatrix(*this);
   addPatchWindows(*this);
+  addLevelWindows(*this);
   windows.enableOpeners();
 }
 

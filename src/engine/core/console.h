@@ -36,6 +36,7 @@
 #include "engine/playback/times_graph.h"
 #include "engine/playback/transport.h"
 #include "engine/showfiles/show_files.h"
+#include "engine/showfiles/show_snapshots.h"
 #include "engine/submasters/submaster_bank.h"
 
 namespace q {
@@ -131,6 +132,7 @@ class Console {
   MidiControl midi{*this};
   Keypad keypad{*this};
   ShowFiles files{*this};
+  ShowSnapshots snapshots{*this};
   // Playback: the times of the coming fade, their graph, the memory panels, the transport.
   FadeTimes fadeTimes{*this};
   TimesGraph timesGraph{*this};

@@ -16,6 +16,7 @@ constexpr int kLpt2Base = 632;
 
 Settings::Settings(Console& c) : c_(c), ini_(c.homeDir() + "/Quintara.INI") {
   skinFile = defaultSkinFile();
+  audioSink.clear();
 }
 
 std::string Settings::defaultSkinFile() const { return c_.homeDir() + "/skins/default.bmp"; }
@@ -61,11 +62,14 @@ void Settings::readAtStart(bool useDefaults) {
     v.ValuesMode = uint8_t(mode >= 0 && mode <= 2 ? mode : 0);
     f.menu("mnuSpaceGO").setChecked(readInt("Setup", "SpaceKeyGo", 0) != 0);
     skinFile = ini_.read("Setup", "Skin", defaultSkinFile());
+    // Where the players' sound goes: a GStreamer sink description; empty for the desktop's own.
+    audioSink = ini_.read("Setup", "AudioSink", "");
     v.MidiChannel = std::clamp(readInt("Midi", "Channel", 1), 1, 16);
     v.MidiLevel = uint8_t(std::clamp(readInt("Midi", "Level", 255), 0, 255));
   }
   for (int i = 0; i < 3; ++i) f.mnuValue(i).setChecked(i == v.ValuesMode);
   f.DMXTimer.setInterval(v.DMXRate);
+  for (int k = 0; k < 2; ++k) c_.WMP(k).setAudioSink(audioSink);
   c_.interfaces.readSettings(ini_, useDefaults);
 }
 

@@ -25,6 +25,8 @@ class Settings {
   // Fills the recent-files menu from Snap0..Snap4 (read whatever "-default" says).
   void readRecentFiles();
 
+  // Where the players' sound goes ([Setup] AudioSink), as the players take it.
+  std::string audioSink;
   // The background picture of the main window.
   std::string skinFile;
   std::string defaultSkinFile() const;

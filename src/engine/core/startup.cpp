@@ -14,9 +14,15 @@ bool Console::hasSwitch(const std::string& sw) const {
 
 void Console::start() {
   splashShown_ = !hasSwitch("-nosplash");
+  const bool recover = snapshots.endedUncleanly();
   loadForm1();
-  auto batch = v.PatchMap.changes.batch();
-  for (int n = 1; n <= kChannels; ++n) v.PatchMap.set(n, int16_t(n));
+  {
+    // The start's own patch is no change of the show to keep.
+    auto replacing = snapshots.replacing();
+    auto batch = v.PatchMap.changes.batch();
+    for (int n = 1; n <= kChannels; ++n) v.PatchMap.set(n, int16_t(n));
+  }
+  if (recover) snapshots.offerRecovery();
 }
 
 void Console::outputTick() {
@@ -52,6 +58,7 @@ void Console::loadForm1() {
   form1.DMXTimer.setRunning(true);
   interfaces.startDMX();
   settings.readRecentFiles();
+  snapshots.markRunning();
   if (loadBackground) loadBackground();
   if (skinMe) skinMe();
 }
@@ -71,6 +78,7 @@ void Console::unload() {
   settings.writeAtExit();
   interfaces.stopDMX();
   midi.closePorts();
+  snapshots.markClosed();
   windows.unloadAll();
   closed_ = true;
 }
@@ -80,6 +88,8 @@ void Console::resetDesk() {
     return;
   v.ChannelsRefreshing = kTrue;
   {
+    // What the reset wipes is kept in a snapshot first.
+    auto replacing = snapshots.replacing();
     auto levels = v.ChanTable.changes.batch();
     auto cues = v.Cues.changes.batch();
     for (int ch = 1; ch <= kChannels; ++ch) {

@@ -1,10 +1,17 @@
 #pragma once
 // One media player as the console drives it (the two players WMP(0), WMP(1)).
-// The desk plays through GStreamer; tests and the headless console use the
-// silent player, which loads nothing and is never ready.
+// The desk and the headless console on the real clock play through
+// GStreamer; tests and a virtual-clock run use the silent player, which keeps
+// what it is given, loads nothing and is never ready.
+//
+// A real player opens its medium in the background: the ready flag comes
+// true, the play state changes and failures are told later, always on the
+// console's own thread, through the events below.
 
 #include <functional>
 #include <string>
+
+#include "engine/controls/listeners.h"
 
 namespace q {
 
@@ -32,14 +39,27 @@ class MediaPlayer {
   virtual void setVisible(bool v) = 0;
   virtual bool visible() const = 0;
 
+  // Where the sound goes, as the settings name it; the player's own default when empty.
+  virtual void setAudioSink(const std::string& description) { (void)description; }
+  // Where the medium stands and how long it is, in seconds; 0 when unknown.
+  virtual double position() const { return 0; }
+  virtual double length() const { return 0; }
+
   // Raised with the old and the new play state.
   std::function<void(int oldState, int newState)> onPlayStateChange;
+  // The medium could not be opened or played: why, in the operator's words.
+  std::function<void(const std::string& reason)> onFailure;
+  // Views: something shown changed (medium, state, ready, position).
+  Listeners<> viewChanged;
 };
 
 // Keeps every property it is given and plays nothing.
 class SilentMediaPlayer : public MediaPlayer {
  public:
-  void setFileName(const std::string& p) override { file_ = p; }
+  void setFileName(const std::string& p) override {
+    file_ = p;
+    viewChanged.notify();
+  }
   std::string fileName() const override { return file_; }
   bool ready() const override { return false; }
   int playState() const override { return 0; }
@@ -52,7 +72,10 @@ class SilentMediaPlayer : public MediaPlayer {
   int balance() const override { return balance_; }
   void setRate(double r) override { rate_ = r; }
   double rate() const override { return rate_; }
-  void setVisible(bool v) override { visible_ = v; }
+  void setVisible(bool v) override {
+    visible_ = v;
+    viewChanged.notify();
+  }
   bool visible() const override { return visible_; }
 
  private:

@@ -25,7 +25,14 @@ void PlayerKeys::wire(int k) {
   load.onDrop = [this, k](const std::string& p, MouseButton) { dropOnLoad(k, p); };
   play.onDrop = [this, k](const std::string& p, MouseButton) { dropOnPlay(k, p); };
   c_.WMP(k).onPlayStateChange = [this](int, int) { applyRates(); };
+  // A medium that can't be played is told once; the player stays not ready
+  // and the light goes on.
+  c_.WMP(k).onFailure = [this, k](const std::string& reason) {
+    c_.failures.report(playerName(k) + " can't play " + c_.WMP(k).fileName() + ": " + reason);
+  };
 }
+
+std::string PlayerKeys::playerName(int k) { return "Media Player " + std::to_string(k + 1); }
 
 // The chooser's name is not emptied first: a cancel loads the name it last held.
 void PlayerKeys::load(int k) {

@@ -20,6 +20,8 @@ class PlayerKeys {
   void dropOnPlay(int k, const std::string& path);
   // A player changed state: both get their speed back.
   void applyRates();
+  // "Media Player 1", "Media Player 2": the players as the operator knows them.
+  static std::string playerName(int k);
 
  private:
   void wire(int k);

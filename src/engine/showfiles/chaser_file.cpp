@@ -34,6 +34,10 @@ void LoadChaser(Console& c, const std::string& path, int chaser) {
 }
 
 void SaveChaser(Console& c, const std::string& path, int chaser, VBool random) {
+  writeFileWhole(path, chaserText(c, chaser, random));
+}
+
+std::string chaserText(const Console& c, int chaser, VBool random) {
   const Variables& v = c.v;
   const CSparseMatrix& steps = (chaser & 1) == 0 ? v.FX1Data : v.FX2Data;
   TextOut out;
@@ -51,7 +55,7 @@ void SaveChaser(Console& c, const std::string& path, int chaser, VBool random) {
     out.line("CHAN:", list);
     out.rule();
   }
-  out.save(path);
+  return out.text();
 }
 
 }  // namespace q

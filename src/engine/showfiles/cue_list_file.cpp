@@ -6,6 +6,7 @@
 
 #include "engine/core/console.h"
 #include "engine/playback/cue_record.h"
+#include "engine/showfiles/file_error.h"
 #include "engine/showfiles/file_numbers.h"
 #include "engine/showfiles/line_file.h"
 #include "engine/showfiles/show_formats.h"
@@ -160,6 +161,20 @@ void readCueLines(Console& c, LineReader& r, bool withHeader) {
   }
 }
 
+// A file none of whose lines belongs to a cue list (a picture, a submaster
+// file dropped on the wrong place) is refused before the list is wiped. An
+// empty file, or one with its header alone, is a list of no cues.
+void refuseIfNoCueList(const std::string& path) {
+  LineReader r(path);
+  bool anyText = false;
+  while (r.next()) {
+    const std::string& line = r.line();
+    if (ruleFor(line, true) || line.rfind("'", 0) == 0) return;
+    if (line.find_first_not_of(" \t") != std::string::npos) anyText = true;
+  }
+  if (anyText)
+    throw FileError(path, 0, "not a cue list: none of its lines is a line of a cue list");
+}
 }  // namespace
 
 std::string cueListShowName(Console& c) {
@@ -188,22 +203,29 @@ void setCueListShowDate(Console& c, const std::string& text) {
 
 void LoadCueList(Console& c, const std::string& path) {
   c.files.cueListFileName = path;
-  // Opened before the wipe: a file that isn't there leaves the list as it was.
+  // Opened before the wipe: a file that isn't there, or is no cue list,
+  // leaves the list as it was.
+  refuseIfNoCueList(path);
+  auto replacing = c.snapshots.replacing();
   LineReader r(path);
   auto batch = c.v.Cues.changes.batch();
   wipeCues(c.v);
   readCueLines(c, r, true);
 }
 
-void SaveCueList(Console& c, const std::string& path) {
-  c.files.cueListFileName = path;
+std::string cueListText(Console& c) {
   TextOut out;
   out.rule();
   out.line("SHOW:", cueListShowName(c));
   out.line("DATE:", cueListShowDate(c));
   out.rule();
   for (int row = 1; row <= c.v.CueCount; ++row) writeCue(out, c.v, int16_t(row), false);
-  out.save(path);
+  return out.text();
+}
+
+void SaveCueList(Console& c, const std::string& path) {
+  c.files.cueListFileName = path;
+  writeFileWhole(path, cueListText(c));
 }
 
 void SaveCueClipboard(Console& c, const std::string& path, int16_t row) {

@@ -10,6 +10,7 @@
 #include <filesystem>
 
 #include "engine/showfiles/file_error.h"
+#include "engine/showfiles/file_set.h"
 #include "engine/showfiles/text_codec.h"
 
 namespace q {
@@ -63,12 +64,6 @@ void TextOut::save(const std::string& path) const { writeFileWhole(path, text_);
 namespace {
 std::string systemReason(int err) { return std::strerror(err); }
 
-// A name beside the target that no other save of this process uses.
-std::string temporaryBeside(const std::string& path) {
-  static std::atomic<unsigned> counter{0};
-  return path + ".~" + std::to_string(getpid()) + "-" + std::to_string(counter++);
-}
-
 bool writeAll(int fd, const std::string& text) {
   size_t done = 0;
   while (done < text.size()) {
@@ -85,8 +80,9 @@ void writeFileWhole(const std::string& path, const std::string& text) {
   if (path.empty()) throw FileError(path, 0, "no file name");
   std::error_code ec;
   if (fs::is_directory(path, ec)) throw FileError(path, 0, "is a folder");
-  const std::string tmp = temporaryBeside(path);
-  const int fd = ::open(tmp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  // One temporary name per file: a save killed half-way leaves one the next save takes over.
+  const std::string tmp = temporaryOf(path);
+  const int fd = ::open(tmp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
   if (fd < 0) throw FileError(path, 0, systemReason(errno));
   const bool ok = writeAll(fd, text) && ::fsync(fd) == 0;
   const int err = errno;

@@ -36,7 +36,9 @@ void LoadPatch(Console& c, const std::string& path) {
   }
 }
 
-void SavePatch(Console& c, const std::string& path) {
+void SavePatch(Console& c, const std::string& path) { writeFileWhole(path, patchText(c)); }
+
+std::string patchText(const Console& c) {
   TextOut out;
   out.rule();
   out.line("'                       Orvaldi Patch File");
@@ -44,7 +46,7 @@ void SavePatch(Console& c, const std::string& path) {
   out.line(c.v.PatchOn == kTrue ? "PATCH: ON" : "PATCH: OFF");
   for (int ch = 1; ch <= kChannels; ++ch)
     out.line(std::to_string(ch) + ":" + std::to_string(c.v.PatchMap[ch - 1]));
-  out.save(path);
+  return out.text();
 }
 
 }  // namespace q

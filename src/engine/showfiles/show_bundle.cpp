@@ -1,31 +1,35 @@
 // The show bundle: an index (.qsh) that names five companions by their full
-// paths as they stood at the save. Saving writes the companions first and
-// the index last; loading reads the index and loads each companion as its
-// line comes up, the index staying open meanwhile.
+// paths as they stood at the save. Saving writes the six as one (the
+// companions in their order and the index last), so that no crash leaves half
+// a show; loading reads the index and loads each companion as its line comes
+// up, the index staying open meanwhile.
 
 #include <array>
 #include <filesystem>
 
 #include "engine/core/console.h"
 #include "engine/showfiles/file_error.h"
+#include "engine/showfiles/file_set.h"
 #include "engine/showfiles/line_file.h"
 #include "engine/showfiles/show_formats.h"
 #include "engine/showfiles/text_codec.h"
 
 namespace q {
 
-void SaveShow(Console& c, const std::string& path) {
+// The six files of a show saved under path, in the order they are written.
+FileSet ShowFileSet(Console& c, const std::string& path) {
   // The base is the name less its last four characters, extension or not.
   std::string base = path;
   if (!dropLastChars(base, 4)) throw FileError(path, 0, "file name shorter than four characters");
   // The index names its companions in the show files' code page.
   if (!fitsCp1252(base))
     throw FileError(path, 0, "file name has characters a show file can't hold");
-  SaveChaser(c, base + "1.qfx", 0, c.v.FXRandom[0]);
-  SaveChaser(c, base + "2.qfx", 1, c.v.FXRandom[1]);
-  SaveCueList(c, base + ".qcl");
-  SaveSubmasters(c, base + ".qsm");
-  SavePatch(c, base + ".qpf");
+  FileSet set;
+  set.add(base + "1.qfx", chaserText(c, 0, c.v.FXRandom[0]));
+  set.add(base + "2.qfx", chaserText(c, 1, c.v.FXRandom[1]));
+  set.add(base + ".qcl", cueListText(c));
+  set.add(base + ".qsm", submastersText(c));
+  set.add(base + ".qpf", patchText(c));
   TextOut out;
   out.rule();
   out.line("NAME:", c.v.ShowName);
@@ -36,7 +40,18 @@ void SaveShow(Console& c, const std::string& path) {
   out.line("FX1:", base + "1.qfx");
   out.line("FX2:", base + "2.qfx");
   out.line("PATCH:", base + ".qpf");
-  out.save(path);
+  set.add(path, out.text());
+  return set;
+}
+
+void SaveShow(Console& c, const std::string& path) {
+  FileSet set = ShowFileSet(c, path);
+  set.afterRename = c.files.afterShowRename;
+  set.write();
+  // As the cue list's own save, the show's makes its cue list the current one.
+  std::string base = path;
+  dropLastChars(base, 4);
+  c.files.cueListFileName = base + ".qcl";
 }
 
 namespace {
@@ -64,6 +79,9 @@ static std::string besideIndex(const std::string& indexPath, const std::string& 
 }
 
 void LoadShow(Console& c, const std::string& path) {
+  // A save there that died half-way is finished or taken back first.
+  FileSet::recover(path);
+  auto replacing = c.snapshots.replacing();
   LineReader index(path);
   while (index.next()) {
     const std::string& line = index.line();

@@ -50,6 +50,8 @@ class ShowFiles {
 
   // The cue list's current file name: the last one loaded or saved.
   std::string cueListFileName;
+  // For tests: runs after each file of a show save is renamed into place.
+  std::function<void(size_t renamed)> afterShowRename;
 
  private:
   void showError(const std::string& text);

@@ -243,6 +243,7 @@ class SubmasterReader {
 }  // namespace
 
 void LoadSubmasters(Console& c, const std::string& path) {
+  auto replacing = c.snapshots.replacing();
   auto batch = c.v.ChanTable.changes.batch();
   LineReader r(path);
   DirtyOnExit dirty(c.v);
@@ -250,13 +251,17 @@ void LoadSubmasters(Console& c, const std::string& path) {
 }
 
 void SaveSubmasters(Console& c, const std::string& path) {
+  writeFileWhole(path, submastersText(c));
+}
+
+std::string submastersText(Console& c) {
   TextOut out;
   out.rule();
   out.line("SHOW:", c.v.ShowName);
   out.line("DATE:", c.v.ShowDate);
   out.rule();
   for (int n = 1; n <= kSubmasters; ++n) writeBlock(out, c, n);
-  out.save(path);
+  return out.text();
 }
 
 }  // namespace q

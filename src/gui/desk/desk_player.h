@@ -1,9 +1,7 @@
 #pragma once
-// The desk's two media players, WMP(0) and WMP(1), and the view that shows
-// what each holds. Until the sound engine is wired in, a player keeps its
-// medium and its state as the console drives it (ready once the file is
-// there, playing, paused, stopped) and plays no sound; the view tells the
-// operator so.
+// The desk's two media players: the view on the main window that shows what
+// each holds (its file, its state, where it stands and how long it is), and
+// the pump that takes a GStreamer player's news on the desk's own thread.
 
 #include <QObject>
 #include <QWidget>
@@ -12,46 +10,33 @@
 #include "engine/media/media_player.h"
 #include "gui/desk/desk_context.h"
 
+class QSocketNotifier;
+
+namespace q {
+class GstMediaPlayer;
+}
+
 namespace q::gui {
 
-class DeskPlayer : public QObject, public MediaPlayer {
+// Raises a player's events in the desk's event loop whenever it has news.
+class PlayerPump : public QObject {
   Q_OBJECT
  public:
-  void setFileName(const std::string& path) override;
-  std::string fileName() const override { return file_; }
-  bool ready() const override { return ready_; }
-  int playState() const override { return state_; }
-  void play() override { setState(ready_ ? 2 : state_); }
-  void pause() override { setState(state_ == 2 ? 1 : state_); }
-  void stop() override { setState(0); }
-  void setVolume(int v) override { volume_ = v; }
-  int volume() const override { return volume_; }
-  void setBalance(int b) override { balance_ = b; }
-  int balance() const override { return balance_; }
-  void setRate(double r) override { rate_ = r; }
-  double rate() const override { return rate_; }
-  void setVisible(bool v) override;
-  bool visible() const override { return visible_; }
-
- signals:
-  void changed();
+  PlayerPump(GstMediaPlayer& player, QObject* parent);
 
  private:
-  void setState(int s);
-
-  std::string file_;
-  bool ready_ = false, visible_ = false;
-  int state_ = 0, volume_ = 0, balance_ = 0;
-  double rate_ = 1;
+  QSocketNotifier* notifier_;
 };
 
 class PlayerView : public QWidget {
   Q_OBJECT
  public:
-  PlayerView(DeskContext& ctx, MediaPlayer& player, DeskPlayer* observed,
-             const look::DeskItem& item, QWidget* parent);
+  PlayerView(DeskContext& ctx, MediaPlayer& player, const look::DeskItem& item, QWidget* parent);
+  ~PlayerView() override;
 
+  // The two lines shown: the state and the file, then the time or why it can't play.
   QString text() const;
+  QString timeText() const;
 
  protected:
   void paintEvent(QPaintEvent*) override;
@@ -60,6 +45,7 @@ class PlayerView : public QWidget {
   DeskContext& ctx_;
   MediaPlayer& player_;
   const look::DeskItem& item_;
+  int listener_ = 0;
 };
 
 }  // namespace q::gui

@@ -28,18 +28,17 @@ int indexOf(const std::string& name) {
 }
 }  // namespace
 
-DeskSurface::DeskSurface(DeskContext& ctx, DeskPlayer* players[2], QWidget* parent)
-    : QWidget(parent), ctx_(ctx) {
+DeskSurface::DeskSurface(DeskContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx) {
   setObjectName("Desk");
   setAttribute(Qt::WA_OpaquePaintEvent);
   for (const look::DeskItem& item : look::deskLayout()) {
     if (item.control.empty()) continue;
-    if (QWidget* w = build(item, players)) parts_.emplace_back(w, &item);
+    if (QWidget* w = build(item)) parts_.emplace_back(w, &item);
   }
   relayout();
 }
 
-QWidget* DeskSurface::build(const look::DeskItem& item, DeskPlayer* players[2]) {
+QWidget* DeskSurface::build(const look::DeskItem& item) {
   Console& c = ctx_.console;
   Control* control = c.registry.find(item.control);
   switch (item.kind) {
@@ -67,7 +66,7 @@ QWidget* DeskSurface::build(const look::DeskItem& item, DeskPlayer* players[2]) 
       return nullptr;
     case look::ItemKind::Player: {
       const int k = indexOf(item.control) & 1;
-      return new PlayerView(ctx_, c.WMP(k), players ? players[k] : nullptr, item, this);
+      return new PlayerView(ctx_, c.WMP(k), item, this);
     }
     default:
       return nullptr;

@@ -11,12 +11,10 @@
 
 namespace q::gui {
 
-class DeskPlayer;
-
 class DeskSurface : public QWidget {
   Q_OBJECT
  public:
-  DeskSurface(DeskContext& ctx, DeskPlayer* players[2], QWidget* parent);
+  DeskSurface(DeskContext& ctx, QWidget* parent);
 
   // Places every widget at the present zoom and repaints.
   void relayout();
@@ -30,7 +28,7 @@ class DeskSurface : public QWidget {
   void paintEvent(QPaintEvent* e) override;
 
  private:
-  QWidget* build(const look::DeskItem& item, DeskPlayer* players[2]);
+  QWidget* build(const look::DeskItem& item);
 
   DeskContext& ctx_;
   std::vector<std::pair<QWidget*, const look::DeskItem*>> parts_;

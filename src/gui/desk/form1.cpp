@@ -41,7 +41,7 @@ const char* const kMenuStyle =
 constexpr double kZoomStep = 0.1;
 }  // namespace
 
-Form1::Form1(DeskContext& ctx, DeskPlayer* players[2]) : ctx_(ctx) {
+Form1::Form1(DeskContext& ctx) : ctx_(ctx) {
   Console& c = ctx.console;
   setObjectName("Form1");
   setWindowTitle("Quintara");
@@ -64,7 +64,7 @@ Form1::Form1(DeskContext& ctx, DeskPlayer* players[2]) : ctx_(ctx) {
   scroll_ = new QScrollArea(this);
   scroll_->setAlignment(Qt::AlignCenter);
   scroll_->setFrameShape(QFrame::NoFrame);
-  desk_ = new DeskSurface(ctx, players, scroll_);
+  desk_ = new DeskSurface(ctx, scroll_);
   scroll_->setWidget(desk_);
   setCentralWidget(scroll_);
   setAcceptDrops(true);

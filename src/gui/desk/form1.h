@@ -14,14 +14,13 @@ class QTimer;
 namespace q::gui {
 
 class MenuView;
-class DeskPlayer;
 class DeskSurface;
 class WindowHost;
 
 class Form1 : public QMainWindow {
   Q_OBJECT
  public:
-  Form1(DeskContext& ctx, DeskPlayer* players[2]);
+  explicit Form1(DeskContext& ctx);
   ~Form1() override;
 
   MenuView& menus() { return *menus_; }
