@@ -2,7 +2,9 @@
 
 #include "engine/cuelist/cue_grid.h"
 #include "engine/look/about_window.h"
+#include "engine/views/channels_matrix.h"
 #include "engine/views/level_windows.h"
+#include "engine/views/patch_window.h"
 
 namespace q {
 
@@ -50,6 +52,8 @@ Console::Console(ConsoleHost host)
   registerCoreValues(*this);
   wireMainMenu();
   addAboutWindow(*this);
+  addChannelsMatrix(*this);
+  addPatchWindows(*this);
   addLevelWindows(*this);
   addCueListWindows(*this);
   windows.enableOpeners();

@@ -17,7 +17,9 @@
 #include "gui/windows/fader_config_window.h"
 #include "gui/windows/interface_setup_window.h"
 #include "gui/windows/keypad_window.h"
+#include "gui/windows/matrix_window.h"
 #include "gui/windows/midi_setup_window.h"
+#include "gui/windows/patch_windows.h"
 #include "gui/windows/simple_window.h"
 #include "gui/windows/special_cue_window.h"
 #include "gui/windows/xy_window.h"
@@ -41,6 +43,9 @@ void addDeskWindows(WindowHost& host) {
   host.addBuilder("Tecles", buildKeypadWindow);
   host.addBuilder("Refreshrate", buildInterfaceSetupWindow);
   host.addBuilder("frmAbout", buildAboutWindow);
+  host.addBuilder("frmSparseMatrix", buildMatrixWindow);
+  host.addBuilder("frmPatch", buildPatchWindow);
+  host.addBuilder("frmInvPatch", buildInvPatchWindow);
   host.addBuilder("Canals", buildChannelsWindow);
   host.addBuilder("Simple", buildSimpleWindow);
   host.addBuilder("Mobile", buildXYWindow);
