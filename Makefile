@@ -1,7 +1,7 @@
 # The two commands of the README:
 #   make run    installs what is missing, builds, and starts the console
 #   make test   installs what is missing, builds with AddressSanitizer and UBSan, runs every test
-# Other targets: make build, make bench, make deps, make format, make format-check.
+# Other targets: make console, make build, make bench, make deps, make format, make format-check.
 
 JOBS ?= $(shell nproc)
 BUILD ?= build
@@ -10,7 +10,7 @@ BENCH_BUILD ?= build-release
 CMAKE_FLAGS ?=
 LAUNCHER := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 
-.PHONY: run test build bench deps format format-check
+.PHONY: run console test build bench deps format format-check
 
 deps:
 	@bash scripts/install-deps.sh
@@ -21,9 +21,13 @@ $(BUILD)/build.ninja:
 build: deps $(BUILD)/build.ninja
 	cmake --build $(BUILD) -j $(JOBS)
 
+# Only the console itself: tests, tools and benchmarks wait for make test / make bench.
+console: deps $(BUILD)/build.ninja
+	cmake --build $(BUILD) -j $(JOBS) --target quintara
+
 # Without ARGS the desk opens the demo show.
 ARGS ?= examples/demo.qsh
-run: build
+run: console
 	./$(BUILD)/src/quintara $(ARGS)
 
 $(TEST_BUILD)/build.ninja:
