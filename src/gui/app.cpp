@@ -11,6 +11,7 @@
 #include <QPointer>
 #include <QScopeGuard>
 #include <QSocketNotifier>
+#include <QStatusBar>
 #include <QTimer>
 #include <csignal>
 #include <cstdio>
@@ -35,6 +36,7 @@
 #include "platform/dmx_devices.h"
 #include "platform/media/gst_media_player.h"
 #include "platform/midi/rtmidi_ports.h"
+#include "platform/missing_services.h"
 #include "platform/process/posix_process_launcher.h"
 #include "platform/program_folder.h"
 
@@ -98,6 +100,15 @@ int saveScreenshot(QWidget& widget, const std::string& file) {
   return 0;
 }
 
+// Said once on the desk's status line, which stays hidden on a machine that lacks nothing.
+void tellMissingServices(QMainWindow& form, const ServicesFound& found) {
+  const std::vector<std::string> news = missingServiceNews(found);
+  if (news.empty()) return;
+  QStringList lines;
+  for (const std::string& line : news) lines << QString::fromStdString(line);
+  form.statusBar()->showMessage(lines.join(QStringLiteral("   ")));
+}
+
 }  // namespace
 
 int runDesk(int argc, char** argv) {
@@ -159,6 +170,7 @@ int runDesk(int argc, char** argv) {
   else if (opt.zoom > 0)
     form.setZoomOverride(opt.zoom);
   dialogs.setParent(&form);
+  tellMissingServices(form, {midiIn.systemPresent(), soundOutputPresent()});
   watchSignals(&app);
   new gui::PlayerPump(player0, &form);
   new gui::PlayerPump(player1, &form);
