@@ -22,6 +22,7 @@
 #include "engine/core/console.h"
 #include "gui/desk/desk_context.h"
 #include "gui/desk/desk_options.h"
+#include "gui/desk/desk_palette.h"
 #include "gui/desk/desk_player.h"
 #include "gui/desk/desk_surface.h"
 #include "gui/desk/form1.h"
@@ -195,6 +196,13 @@ int runDesk(int argc, char** argv) {
       if (s) s->close();
     };
   }
+  // Boxes and choosers wear the skin's colours (the desk's dark ones until
+  // the skin is read), and follow a change of skin.
+  gui::applySkinPalette(ctx.sheet.image());
+  const int skinListener =
+      console.look.addListener([&ctx] { gui::applySkinPalette(ctx.sheet.image()); });
+  const auto unlisten = qScopeGuard([&] { console.look.removeListener(skinListener); });
+  dialogs.lastShow = [&console] { return console.form1.mnuRecent(0).caption(); };
   console.start();
   if (splash) {
     QPointer<gui::SplashScreen> s(splash);
