@@ -15,6 +15,11 @@ packages=(
   xvfb xauth util-linux poppler-utils
 )
 
+# "install-deps.sh package": also what making and checking the Debian package needs.
+if [ "${1:-}" = package ]; then
+  packages+=(dpkg-dev fakeroot lintian desktop-file-utils appstream)
+fi
+
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
