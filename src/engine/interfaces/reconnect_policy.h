@@ -3,9 +3,11 @@
 // then fails (a write refused, the link gone) is lost: the operator is told
 // once, and the console tries to set it up again by itself, never more
 // often than once a second, until it answers. Frames go out again from the
-// tick of the try that found it. Only a loss after it came back is news
-// again. An adapter that never came up at start is not tried again: the
-// start has said what went wrong, and choosing it anew starts it.
+// tick of the try that found it. Only a loss after a frame has gone out
+// again is news again: an adapter that opens but still refuses its frames
+// does not tell the operator the same thing every second. An adapter that
+// never came up at start is not tried again: the start has said what went
+// wrong, and choosing it anew in the setup window starts it.
 //
 // Time is the console's clock (the scheduler's), so the same rule holds on
 // the desk, in a script and on a test's virtual clock.
@@ -15,6 +17,9 @@
 
 namespace q {
 
+// What the output lamp on the desk shows.
+enum class OutputHealth { None, Sending, NotReachable };
+
 class ReconnectPolicy {
  public:
   static constexpr int64_t kRetryMs = 1000;
@@ -22,14 +27,23 @@ class ReconnectPolicy {
   // The adapter was set up, at start or again after a loss.
   void up() { state_ = State::Up; }
   // Stopped, or never set up: nothing to come back to.
-  void off() { state_ = State::Off; }
+  void off() {
+    state_ = State::Off;
+    told_ = false;
+  }
+  // A frame went out: a later loss is news again.
+  void sent() {
+    if (state_ == State::Up) told_ = false;
+  }
 
-  // The adapter failed at nowMs. True only for the first failure since it
-  // was up: that is the moment to tell the operator.
+  // The adapter failed at nowMs. True only when the operator is to be told:
+  // the first failure since a frame last went out.
   bool lose(int64_t nowMs) {
     if (state_ != State::Up) return false;
     state_ = State::Lost;
     lastTry_ = nowMs;
+    if (told_) return false;
+    told_ = true;
     return true;
   }
   bool lost() const { return state_ == State::Lost; }
@@ -44,6 +58,11 @@ class ReconnectPolicy {
   // When the next try falls due; INT64_MAX when none is to come.
   int64_t nextTry() const { return lost() ? lastTry_ + kRetryMs : INT64_MAX; }
 
+  // The lamp: sending while up, not reachable while lost or never set up.
+  OutputHealth health() const {
+    return isUp() ? OutputHealth::Sending : OutputHealth::NotReachable;
+  }
+
   // What the operator is told when an adapter is lost.
   static std::string lostText(const std::string& adapter) {
     return "The " + adapter +
@@ -54,6 +73,7 @@ class ReconnectPolicy {
  private:
   enum class State { Off, Up, Lost };
   State state_ = State::Off;
+  bool told_ = false;
   int64_t lastTry_ = 0;
 };
 
