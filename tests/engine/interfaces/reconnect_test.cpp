@@ -84,6 +84,15 @@ TEST_F(ReconnectTest, AnOpenDmxUnpluggedIsToldOnceTriedEverySecondAndResumesWhen
   EXPECT_EQ(dialogs.shown.size(), 2u);
 }
 
+TEST_F(ReconnectTest, TheMessageOfALossTakesNoAnswerAScriptQueued) {
+  startWith(6);
+  dialogs.queueAnswer("No");
+  unplug();
+  advance(100);
+  ASSERT_EQ(dialogs.shown.size(), 1u);
+  EXPECT_EQ(console().dialogs().msgBox("Quintara", "Carry on?", MsgButtons::YesNo), MsgResult::No);
+}
+
 TEST_F(ReconnectTest, AChipThatOpensButStillRefusesItsFramesIsNotToldEverySecond) {
   startWith(9);
   chip().failures["write"] = FT_IO_ERROR;
