@@ -94,6 +94,19 @@ MsgResult QtDialogs::msgBox(const std::string& title, const std::string& text, M
   return map.front().second;
 }
 
+void QtDialogs::notice(const std::string& title, const std::string& text) {
+  if (beforeShow) beforeShow();
+  if (!notice_) {
+    notice_ = new QMessageBox(QMessageBox::Warning, QString(), QString(), QMessageBox::Ok, parent_);
+    notice_->setAttribute(Qt::WA_DeleteOnClose);
+    notice_->setWindowModality(Qt::NonModal);
+  }
+  notice_->setWindowTitle(QString::fromStdString(title));
+  notice_->setText(QString::fromStdString(text));
+  notice_->show();
+  notice_->raise();
+}
+
 std::string QtDialogs::inputBox(const std::string& title, const std::string& prompt,
                                 const std::string& defaultText) {
   OpenDialog guard(open_, beforeShow);

@@ -4,6 +4,7 @@
 // runs inside it; the remote port waits for it to close before it runs more
 // commands.
 
+#include <QMessageBox>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
@@ -33,6 +34,9 @@ class QtDialogs : public Dialogs {
 
   MsgResult msgBox(const std::string& title, const std::string& text, MsgButtons buttons,
                    MsgIcon icon) override;
+  // A box that stays up while the desk goes on; a second notice replaces
+  // the text of one still on screen instead of piling up boxes.
+  void notice(const std::string& title, const std::string& text) override;
   std::string inputBox(const std::string& title, const std::string& prompt,
                        const std::string& defaultText) override;
   std::string fileDialog(const FileDialogRequest& request) override;
@@ -44,6 +48,7 @@ class QtDialogs : public Dialogs {
 
  private:
   QPointer<QWidget> parent_;
+  QPointer<QMessageBox> notice_;
   int open_ = 0;
 };
 

@@ -41,3 +41,10 @@ set_tests_properties(integration.cuelist_print PROPERTIES SKIP_RETURN_CODE 77 TI
 add_test(NAME integration.quiet_start
          COMMAND ${CMAKE_CURRENT_LIST_DIR}/quiet_start.sh $<TARGET_FILE:quintara>)
 set_tests_properties(integration.quiet_start PROPERTIES TIMEOUT 120)
+
+# A DMX USB PRO (the simulator on a pty) killed while the console sends to it
+# and started again on the same link: told once, and the frames come back.
+add_test(NAME integration.widget_comes_back
+         COMMAND ${CMAKE_CURRENT_LIST_DIR}/widget_comes_back.sh $<TARGET_FILE:quintara>
+                 $<TARGET_FILE:dmx_widget_sim>)
+set_tests_properties(integration.widget_comes_back PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 60)

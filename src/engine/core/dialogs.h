@@ -29,6 +29,10 @@ class Dialogs {
   virtual ~Dialogs() = default;
   virtual MsgResult msgBox(const std::string& title, const std::string& text,
                            MsgButtons buttons = MsgButtons::OK, MsgIcon icon = MsgIcon::None) = 0;
+  // A message that waits for no answer: the console carries on while it is
+  // up (an adapter lost in the middle of a show). Where nothing can stay on
+  // screen it is a message box like any other.
+  virtual void notice(const std::string& title, const std::string& text) { msgBox(title, text); }
   // The typed text, or "" when cancelled.
   virtual std::string inputBox(const std::string& title, const std::string& prompt,
                                const std::string& defaultText) = 0;

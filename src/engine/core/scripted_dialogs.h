@@ -20,6 +20,11 @@ class ScriptedDialogs : public Dialogs {
 
   MsgResult msgBox(const std::string& title, const std::string& text, MsgButtons buttons,
                    MsgIcon icon) override;
+  // Printed like a box, but it asks nothing: a loss that comes at its own
+  // moment never takes the answer a script queued for the box it waits for.
+  void notice(const std::string& title, const std::string& text) override {
+    show("MSGBOX " + title + " | " + text);
+  }
   std::string inputBox(const std::string& title, const std::string& prompt,
                        const std::string& defaultText) override;
   std::string fileDialog(const FileDialogRequest& request) override;

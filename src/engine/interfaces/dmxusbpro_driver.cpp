@@ -174,6 +174,36 @@ bool DMXUSBPRO_Driver::finishInit() {
   return true;
 }
 
+bool DMXUSBPRO_Driver::Reopen() {
+  Done();
+  if (!openLink()) {
+    Done();
+    return false;
+  }
+  sendGetParameters(0);
+  return Handle != 0;
+}
+
+bool DMXUSBPRO_Driver::ReopenAnswered() {
+  if (Handle == 0 || IsOpenFlag) return IsOpenFlag;
+  const std::vector<uint8_t> reply = receivePacket();
+  if (reply.size() < 5 || reply[1] != kGetParameters) return false;
+  ProParams.assign(reply.begin() + 4, reply.end() - 1);
+  IsOpenFlag = true;
+  DMXOut[0] = kSom;
+  DMXOut[1] = uint8_t(OutLabel);
+  DMXOut[2] = 513 & 0xFF;
+  DMXOut[3] = 513 >> 8;
+  writeFrame();
+  if (IsOpenFlag && OutLabel != kOutputDmx) sendPacket(kReceiveMode, {1});
+  trace("PRO_INFO-> Enttec DMX USB PRO Version " + Get_FirmwareVersion());
+  return IsOpenFlag;
+}
+
+void DMXUSBPRO_Driver::RefreshDMX() {
+  if (IsOpenFlag) writeFrame();
+}
+
 void DMXUSBPRO_Driver::Done() {
   if (Handle != 0) link_.close();
   Handle = 0;

@@ -52,6 +52,17 @@ class DMXUSBPRO_Driver {
   void RequestConfig();
   bool Init(int32_t deviceNumber, uint8_t outLabel, bool flashMode);
   void Done();
+
+  // Coming back after the widget was lost, without a word and without
+  // holding up the output tick (Init's waits would): Reopen opens the link
+  // and asks for the parameters; ReopenAnswered, at the ticks after it,
+  // takes the answer and sends the levels the widget had, so that the
+  // stage comes back as it was. InitTries is left alone.
+  bool Reopen();
+  bool ReopenAnswered();
+  // The levels held, written again while they stand: a write is the only
+  // way to find out that the link has gone.
+  void RefreshDMX();
   std::vector<uint8_t> ENTER_FLASH_MODE() const;
   bool Firmware_Flash(const std::string& fileName);
 

@@ -1,5 +1,7 @@
 #include "engine/interfaces/ftdi_frame_sender.h"
 
+#include <chrono>
+
 namespace q {
 
 FtdiFrameSender::FtdiFrameSender(std::unique_ptr<FtdiDevice> device, OpenDmx::Hooks hooks,
@@ -18,12 +20,19 @@ FtdiFrameSender::~FtdiFrameSender() {
 
 bool FtdiFrameSender::startDMX() {
   close();
+  // An adapter that does not come up at start is not tried again: the start
+  // has shown what failed, and choosing the adapter again starts it anew.
   if (!dmx_.OpenDmxOpenDevice()) return false;
   dmx_.OpenDmxStartCode = 0;
+  startLine();
+  policy_.up();
+  return true;
+}
+
+void FtdiFrameSender::startLine() {
   if (options_.wireThread)
     wire_ = std::make_unique<WireThread>([this](const uint8_t* f) { return sendOnWire(f); },
                                          options_.intervalMs, options_.prepareWireThread);
-  return true;
 }
 
 int FtdiFrameSender::sendOnWire(const uint8_t* frame) {
@@ -32,30 +41,58 @@ int FtdiFrameSender::sendOnWire(const uint8_t* frame) {
 }
 
 void FtdiFrameSender::sendFrame(const uint8_t* frame, int intervalMs) {
+  const int64_t nowMs = now();
+  if (policy_.lost() && !comeBack(nowMs)) return;
+  if (!policy_.isUp()) return;
   if (wire_) {
     wire_->handOver(frame, intervalMs);
-    report(OpenDmx::failureText(OpenDmx::SendResult(wire_->lastFailure())));
+    // What the line found on its last frame; nothing yet before its first.
+    if (wire_->framesSent() == 0) return;
+    const int failure = wire_->lastFailure();
+    if (failure != OpenDmx::kSent)
+      return lose(OpenDmx::failureText(OpenDmx::SendResult(failure)), nowMs);
+    policy_.sent();
     return;
   }
   dmx_.OpenDmxCopyFrame(frame);
-  report(OpenDmx::failureText(dmx_.OpenDmxSend()));
+  const OpenDmx::SendResult result = dmx_.OpenDmxSend();
+  if (result != OpenDmx::kSent) return lose(OpenDmx::failureText(result), nowMs);
+  policy_.sent();
 }
 
-void FtdiFrameSender::report(const char* failure) {
-  if (!failure) {
-    failureShown_ = false;
-    return;
+void FtdiFrameSender::lose(const char* failure, int64_t nowMs) {
+  wire_.reset();
+  // The chip is gone or in trouble: let go of it without a word, so that
+  // the next set-up starts from a clean open.
+  if (dmx_.OpenDmxOpen) device_->close();
+  dmx_.OpenDmxOpen = false;
+  if (!policy_.lose(nowMs)) return;
+  const std::string text = std::string(failure) + " " + ReconnectPolicy::lostText(adapterName);
+  if (options_.notice) {
+    options_.notice(text);
+  } else if (message_) {
+    message_(text);
   }
-  if (failureShown_) return;
-  // Marked before the box opens: a modal box lets ticks run underneath it.
-  failureShown_ = true;
-  if (message_) message_(failure);
+}
+
+bool FtdiFrameSender::comeBack(int64_t nowMs) {
+  if (!policy_.tryNow(nowMs) || !dmx_.OpenDmxReopen()) return false;
+  dmx_.OpenDmxStartCode = 0;
+  startLine();
+  policy_.up();
+  return true;
+}
+
+int64_t FtdiFrameSender::now() const {
+  if (options_.nowMs) return options_.nowMs();
+  using namespace std::chrono;
+  return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
 void FtdiFrameSender::close() {
   wire_.reset();
   dmx_.OpenDmxClose();
-  failureShown_ = false;
+  policy_.off();
 }
 
 }  // namespace q

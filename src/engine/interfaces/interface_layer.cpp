@@ -8,9 +8,11 @@
 #include "engine/interfaces/ftdi_frame_sender.h"
 #include "engine/interfaces/interface_list.h"
 #include "engine/interfaces/ola_output.h"
+#include "engine/interfaces/output_lamp.h"
 #include "engine/interfaces/refreshrate.h"
 #include "engine/interfaces/serial_link.h"
 #include "engine/interfaces/vendor_adapters.h"
+#include "engine/interfaces/widget_output.h"
 
 namespace q {
 
@@ -23,10 +25,9 @@ std::function<void(const std::string&)> widgetTrace() {
 }
 }  // namespace
 
-InterfaceLayer::InterfaceLayer(Console& c) : c_(c) {
+InterfaceLayer::InterfaceLayer(Console& c) : c_(c), lamp_(c.form1.add<OutputLamp>("OutputLamp")) {
   ola_ = std::make_unique<OlaOutput>(OlaOutput::Hooks{
-      [this] { return c_.scheduler.now(); },
-      [this](const std::string& text) { c_.dialogs().msgBox("Quintara", text); },
+      [this] { return c_.scheduler.now(); }, [this](const std::string& text) { notice(text); },
       [this] { return factory().wireThread(); }, [this] { factory().prepareWireThread(); }});
   // The Velleman takes each channel from inside the mix, as the mix makes it.
   c_.mixer.perChannelOutput = [this](int channel, uint8_t value) {
@@ -75,6 +76,7 @@ void InterfaceLayer::start(int type) {
     default:
       break;
   }
+  showHealth();
 }
 
 void InterfaceLayer::sendFrame() {
@@ -89,7 +91,7 @@ void InterfaceLayer::sendFrame() {
     case AdapterFamily::Widget:
       // While the widget's Init waits for its answer it lets ticks run; the
       // frame waits for the widget to be set up.
-      if (!widgetInitRunning_) widget().Set_DMX_OUT(frame);
+      if (!widgetInitRunning_) widgetOutput().sendFrame(frame);
       break;
     case AdapterFamily::Sunlite:
       sunlite().send(v.MaxChans, v.DMXData.data());
@@ -106,7 +108,28 @@ void InterfaceLayer::sendFrame() {
       // parallel ports have no output.
       break;
   }
+  showHealth();
 }
+
+OutputHealth InterfaceLayer::health() const {
+  switch (interfaceEntry(c_.v.InterfaceType).family) {
+    case AdapterFamily::FtdiFrameSender:
+      return ftdi_ ? ftdi_->health() : OutputHealth::NotReachable;
+    case AdapterFamily::Widget:
+      return widgetOut_ ? widgetOut_->health() : OutputHealth::NotReachable;
+    case AdapterFamily::Ola:
+      return ola_->connected() ? OutputHealth::Sending : OutputHealth::NotReachable;
+    default:
+      // No output, or one through a vendor's library that says nothing of its health.
+      return OutputHealth::None;
+  }
+}
+
+void InterfaceLayer::showHealth() { lamp_.show(health()); }
+
+// On the desk a box that stays up without holding the console; in a
+// script the usual message line.
+void InterfaceLayer::notice(const std::string& text) { c_.dialogs().notice("Quintara", text); }
 
 int64_t InterfaceLayer::frameIdleUntil() const {
   const uint8_t* frame = c_.v.DMXData.data();
@@ -133,6 +156,7 @@ void InterfaceLayer::stop(int type, bool fromSetupWindow) {
       break;
     case AdapterFamily::Widget:
       if (widget_) widget_->Done();
+      if (widgetOut_) widgetOut_->stopped();
       break;
     case AdapterFamily::Sunlite:
       sunlite().close(c_.v.MaxChans, c_.v.DMXData.data());
@@ -146,6 +170,7 @@ void InterfaceLayer::stop(int type, bool fromSetupWindow) {
     default:
       break;
   }
+  showHealth();
 }
 
 // ---- the adapters ------------------------------------------------------------
@@ -160,12 +185,15 @@ void InterfaceLayer::startFtdi() {
     options.wireThread = factory().wireThread();
     options.prepareWireThread = [this] { factory().prepareWireThread(); };
     options.intervalMs = c_.form1.DMXTimer.interval();
+    options.nowMs = [this] { return c_.scheduler.now(); };
+    options.notice = [this](const std::string& text) { notice(text); };
     ftdi_ = std::make_unique<FtdiFrameSender>(
         std::move(device),
         OpenDmx::Hooks{[this](const std::string& text) { c_.dialogs().msgBox("Quintara", text); },
                        [this] { c_.dismissSplash(); }},
         options);
   }
+  ftdi_->adapterName = interfaceEntry(c_.v.InterfaceType).name;
   ftdi_->startDMX();
   c_.v.DMXData.fill(0);
 }
@@ -194,6 +222,15 @@ void InterfaceLayer::startWidget() {
   widgetInitRunning_ = true;
   pro.Init(0, DMXUSBPRO_Driver::kOutputDmx, false);
   widgetInitRunning_ = false;
+  widgetOutput().started();
+}
+
+WidgetOutput& InterfaceLayer::widgetOutput() {
+  if (!widgetOut_)
+    widgetOut_ = std::make_unique<WidgetOutput>(
+        widget(), WidgetOutput::Hooks{[this] { return c_.scheduler.now(); },
+                                      [this](const std::string& text) { notice(text); }});
+  return *widgetOut_;
 }
 
 // Lets the timers that fell due run, as a wait inside a handler lets

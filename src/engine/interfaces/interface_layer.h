@@ -11,6 +11,7 @@
 
 #include "engine/interfaces/devices.h"
 #include "engine/interfaces/held_frame_gate.h"
+#include "engine/interfaces/reconnect_policy.h"
 
 namespace q {
 
@@ -23,6 +24,8 @@ class Sunlite;
 class Oksid;
 class Velleman;
 class Refreshrate;
+class WidgetOutput;
+class OutputLamp;
 
 class InterfaceLayer {
  public:
@@ -72,20 +75,30 @@ class InterfaceLayer {
   Oksid& oksid();
   Velleman& velleman();
   Refreshrate& setupWindow();
+  // The output's health on the main window.
+  OutputLamp& outputLamp() { return lamp_; }
 
  private:
   DeviceFactory& factory();
   void startFtdi();
   void startWidget();
+  WidgetOutput& widgetOutput();
+  // What the lamp shows for the adapter chosen now.
+  OutputHealth health() const;
+  void showHealth();
+  // Tells the operator without a box that waits for an answer.
+  void notice(const std::string& text);
   void doEvents();
   void openSetupWindow();
 
   Console& c_;
+  OutputLamp& lamp_;
   DeviceFactory fallbackFactory_;
   HeldFrameGate heldFrame_;
   std::unique_ptr<FtdiFrameSender> ftdi_;
   std::unique_ptr<FtdiDevice> widgetLink_;
   std::unique_ptr<DMXUSBPRO_Driver> widget_;
+  std::unique_ptr<WidgetOutput> widgetOut_;
   bool widgetInitRunning_ = false;
   bool pumping_ = false;
   std::unique_ptr<OlaOutput> ola_;

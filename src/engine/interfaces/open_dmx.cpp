@@ -23,17 +23,21 @@ const SetupStep kSetup[] = {
 };
 }  // namespace
 
-bool OpenDmx::OpenDmxOpenDevice() {
+bool OpenDmx::OpenDmxOpenDevice() { return setUp(true); }
+
+bool OpenDmx::OpenDmxReopen() { return setUp(false); }
+
+bool OpenDmx::setUp(bool tell) {
   OpenDmxOpen = false;
   if (dev_.open(0) != FT_OK) {
-    if (hooks_.dismissSplash) hooks_.dismissSplash();
-    if (hooks_.message) hooks_.message("Failed to open Enttec Open DMX USB device!");
+    if (tell && hooks_.dismissSplash) hooks_.dismissSplash();
+    if (tell && hooks_.message) hooks_.message("Failed to open Enttec Open DMX USB device!");
     OpenDmxClose();
     return false;
   }
   for (const SetupStep& step : kSetup) {
     if (step.call(dev_) == FT_OK) continue;
-    if (hooks_.message) hooks_.message(step.failure);
+    if (tell && hooks_.message) hooks_.message(step.failure);
     OpenDmxClose();
     // The adapter is not marked open, so the close above leaves the chip
     // alone; let go of it quietly all the same, or the USB device would stay

@@ -27,6 +27,9 @@ class OpenDmx {
   // Opens and sets up the first device; a failing step shows its message,
   // closes, and leaves the adapter without output. True when set up in full.
   bool OpenDmxOpenDevice();
+  // The same set-up after the adapter was lost, without a word: the operator
+  // has been told of the loss once, and a try that finds nothing is no news.
+  bool OpenDmxReopen();
   void OpenDmxClose();
   void OpenDmxCopyFrame(const uint8_t* frame);
   // What a frame's writes can come to.
@@ -42,6 +45,8 @@ class OpenDmx {
   uint32_t OpenDmxBytesWritten = 0;
 
  private:
+  bool setUp(bool tell);
+
   FtdiDevice& dev_;
   Hooks hooks_;
 };

@@ -4,6 +4,7 @@
 
 #include "engine/core/console.h"
 #include "engine/interfaces/interface_list.h"
+#include "engine/interfaces/output_lamp.h"
 
 namespace q {
 
@@ -132,7 +133,10 @@ void Refreshrate::ok() {
   v.InterfaceType = uint8_t(chosen);
   v.MaxChans = int16_t(std::clamp<long>(roundHalfEven(leadingNumber(Combo1.text())), 8, 512));
   v.MixDirty = kTrue;
-  if (chosen != openedInterface) {
+  // The same adapter chosen again is left alone while it sends; one that
+  // cannot be reached (plugged in after the start, or lost) is started anew.
+  const bool unreachable = c_.interfaces.outputLamp().health() == OutputHealth::NotReachable;
+  if (chosen != openedInterface || unreachable) {
     c_.interfaces.stop(openedInterface, true);
     c_.interfaces.start(chosen);
     const int limit = interfaceEntry(chosen).channelLimit;

@@ -21,6 +21,7 @@
 #include "gui/desk/image_button.h"
 #include "gui/desk/key_codes.h"
 #include "gui/desk/open_file.h"
+#include "gui/desk/output_lamp_view.h"
 #include "gui/views/control_events.h"
 #include "gui/views/menu_view.h"
 #include "gui/views/window_host.h"
@@ -61,6 +62,8 @@ Form1::Form1(DeskContext& ctx) : ctx_(ctx) {
   };
   menus_->syncAll();
   menus_->afterChoice = [this] { closeIfConsoleClosed(); };
+  menuBar()->setCornerWidget(new OutputLampView(&c.interfaces.outputLamp(), menuBar()),
+                             Qt::TopRightCorner);
   scroll_ = new QScrollArea(this);
   scroll_->setAlignment(Qt::AlignCenter);
   scroll_->setFrameShape(QFrame::NoFrame);

@@ -1,6 +1,6 @@
 // The FTDI frame senders (Open DMX USB, HumanData, Nextec) as the console
 // drives them: the set-up sequence and its failures, the frame on the line,
-// and a failing write that shows its message once, not on every tick.
+// and a failing write (its loss and return are in reconnect_test).
 
 #include <algorithm>
 #include <fstream>
@@ -117,19 +117,6 @@ TEST_F(OpenDmxTest, EveryTickPutsBreakStartCodeAndAll512SlotsOnTheLine) {
   const size_t writes = chip().writes.size();
   advance(500);
   EXPECT_EQ(chip().writes.size(), writes + 2 * 5);
-}
-
-TEST_F(OpenDmxTest, AFailingWriteShowsItsMessageOnceWhileItKeepsFailing) {
-  startWith(1);
-  chip().failures["write"] = FT_IO_ERROR;
-  advance(1000);
-  EXPECT_EQ(dialogs.shown, std::vector<std::string>{"MSGBOX Quintara | Write Start Code Failed!"});
-  // Once frames go out again, a new failure is worth a new message.
-  chip().failures.clear();
-  advance(100);
-  chip().failures["write"] = FT_IO_ERROR;
-  advance(300);
-  EXPECT_EQ(dialogs.shown.size(), 2u);
 }
 
 TEST_F(OpenDmxTest, StopClosesTheChipAndAFailingCloseSaysSo) {

@@ -127,28 +127,43 @@ TEST(WireLine, ARestingLineSendsWhatIsHandedOverAndOtherwiseOnlyKeepsAlive) {
   EXPECT_LT(sent[before].second - handed, 50ms) << "a frame after a rest goes at once";
 }
 
-TEST(WireFailures, AWriteFailingOnTheWireThreadIsShownOnce) {
+TEST(WireFailures, AWriteFailingOnTheWireThreadStopsTheLineUntilTheChipIsBack) {
   auto chip = std::make_unique<FakeFtdi>();
   FakeFtdi* fake = chip.get();
-  std::vector<std::string> messages;
+  std::vector<std::string> notices;
+  int64_t nowMs = 0;
   FtdiFrameSender::Options options;
   options.wireThread = true;
   options.intervalMs = 5;
-  FtdiFrameSender sender(std::move(chip),
-                         OpenDmx::Hooks{[&](const std::string& t) { messages.push_back(t); }, {}},
-                         options);
+  options.nowMs = [&] { return nowMs; };
+  options.notice = [&](const std::string& t) { notices.push_back(t); };
+  FtdiFrameSender sender(std::move(chip), OpenDmx::Hooks{}, options);
   fake->failures["write 512"] = FT_IO_ERROR;
   ASSERT_TRUE(sender.startDMX());
   ASSERT_NE(sender.wire(), nullptr);
-  for (int tick = 0; tick < 20; ++tick) {
+  for (int tick = 0; tick < 200 && sender.wire(); ++tick) {
     sender.sendFrame(frameOf(1).data(), 5);
     std::this_thread::sleep_for(5ms);
   }
-  const long sent = sender.wire()->framesSent();
+  // The line has stopped, so the chip is the test's alone from here on.
+  ASSERT_EQ(sender.wire(), nullptr) << "the line stops at the failed write";
+  EXPECT_EQ(sender.health(), OutputHealth::NotReachable);
+  ASSERT_EQ(notices.size(), 1u);
+  EXPECT_EQ(notices[0].rfind("Write DMX Failed! The Enttec Open DMX USB does not answer", 0), 0u);
+
+  fake->failures.clear();
+  nowMs = 999;
+  sender.sendFrame(frameOf(2).data(), 5);
+  EXPECT_EQ(sender.wire(), nullptr) << "no try before a second on the console's clock";
+  nowMs = 1000;
+  sender.sendFrame(frameOf(2).data(), 5);
+  ASSERT_NE(sender.wire(), nullptr) << "the chip set up again, the line running";
+  for (int i = 0; i < 200 && sender.wire()->framesSent() == 0; ++i)
+    std::this_thread::sleep_for(1ms);
+  sender.sendFrame(frameOf(2).data(), 5);
+  EXPECT_EQ(sender.health(), OutputHealth::Sending);
   sender.close();
-  EXPECT_GT(sent, 5);
-  EXPECT_EQ(messages, std::vector<std::string>{"Write DMX Failed!"});
-  EXPECT_EQ(sender.wire(), nullptr);
+  EXPECT_EQ(notices.size(), 1u);
 }
 
 // olad as the line sees it: it may go away and come back while frames flow.
