@@ -12,30 +12,16 @@
 #include "engine/views/channels_panel.h"
 #include "engine/views/simple_view.h"
 #include "engine/views/xy_control.h"
-#include "gui/desk_fixture.h"
 #include "gui/views/menu_view.h"
 #include "gui/views/window_host.h"
 #include "gui/windows/simple_window.h"
+#include "gui/windows/window_fixture.h"
 
 namespace q {
 namespace {
 
-class ChannelViews : public test::DeskFixture {
+class ChannelViews : public test::WindowFixture {
  protected:
-  gui::FormView* view(const std::string& window) { return desk().windows().viewOf(window); }
-  QWidget* child(const std::string& window, const std::string& control) {
-    gui::FormView* v = view(window);
-    return v ? v->findChild<QWidget*>(QString::fromStdString(window + "." + control)) : nullptr;
-  }
-  void choose(const char* item) { desk().menus().action(item)->trigger(); }
-  static void settle() {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-  }
-  bool shown(const std::string& window) {
-    gui::FormView* v = view(window);
-    return v && v->isVisible();
-  }
   // A press at one point, moves to the next ones with the button held, and the release.
   static void drag(QWidget* w, std::initializer_list<QPointF> points,
                    Qt::MouseButton button = Qt::LeftButton) {

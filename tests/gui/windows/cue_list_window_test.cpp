@@ -14,27 +14,17 @@
 
 #include "engine/cuelist/cue_grid.h"
 #include "engine/playback/cue_record.h"
-#include "gui/desk_fixture.h"
 #include "gui/print/qt_page_printer.h"
 #include "gui/views/cell_grid_view.h"
 #include "gui/views/menu_view.h"
 #include "gui/views/window_host.h"
+#include "gui/windows/window_fixture.h"
 
 namespace q {
 namespace {
 
-class CueListWindow : public test::DeskFixture {
+class CueListWindow : public test::WindowFixture {
  protected:
-  gui::FormView* view(const std::string& window) { return desk().windows().viewOf(window); }
-  template <class W>
-  W* child(const std::string& window, const std::string& control) {
-    gui::FormView* v = view(window);
-    return v ? v->findChild<W*>(QString::fromStdString(window + "." + control)) : nullptr;
-  }
-  static void settle() {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-  }
   gui::CellGridView* pane(const char* name) { return child<gui::CellGridView>("Cuewin", name); }
   // The pixel centre of a cell of a pane.
   QPoint centre(const char* name, int row, int column) {

@@ -15,32 +15,14 @@
 #include "engine/input/midi_setup.h"
 #include "engine/interfaces/refreshrate.h"
 #include "engine/submasters/fader_config.h"
-#include "gui/desk_fixture.h"
 #include "gui/views/menu_view.h"
 #include "gui/views/window_host.h"
+#include "gui/windows/window_fixture.h"
 
 namespace q {
 namespace {
 
-class Dialogs : public test::DeskFixture {
- protected:
-  gui::FormView* view(const std::string& window) { return desk().windows().viewOf(window); }
-  template <class W>
-  W* child(const std::string& window, const std::string& control) {
-    gui::FormView* v = view(window);
-    return v ? v->findChild<W*>(QString::fromStdString(window + "." + control)) : nullptr;
-  }
-  void choose(const char* item) { desk().menus().action(item)->trigger(); }
-  // Lets deferred deletions and repaints run.
-  static void settle() {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-  }
-  bool shown(const std::string& window) {
-    gui::FormView* v = view(window);
-    return v && v->isVisible();
-  }
-};
+class Dialogs : public test::WindowFixture {};
 
 TEST_F(Dialogs, FaderConfigurationOpensOnTheStripAndAppliesItsChoice) {
   desk();

@@ -15,31 +15,16 @@
 
 #include "engine/views/channels_matrix.h"
 #include "engine/views/patch_dmx_view.h"
-#include "gui/desk_fixture.h"
 #include "gui/views/cell_grid_view.h"
 #include "gui/views/menu_view.h"
 #include "gui/views/window_host.h"
+#include "gui/windows/window_fixture.h"
 
 namespace q {
 namespace {
 
-class ChannelWindows : public test::DeskFixture {
+class ChannelWindows : public test::WindowFixture {
  protected:
-  gui::FormView* view(const std::string& window) { return desk().windows().viewOf(window); }
-  template <class W>
-  W* child(const std::string& window, const std::string& control) {
-    gui::FormView* v = view(window);
-    return v ? v->findChild<W*>(QString::fromStdString(window + "." + control)) : nullptr;
-  }
-  void choose(const char* item) { desk().menus().action(item)->trigger(); }
-  static void settle() {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-  }
-  bool shown(const std::string& window) {
-    gui::FormView* v = view(window);
-    return v && v->isVisible();
-  }
   static void mouse(QWidget* w, QEvent::Type type, QPoint at, Qt::MouseButtons held) {
     const Qt::MouseButton b = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     QMouseEvent e(type, at, w->mapToGlobal(at), b, held, Qt::NoModifier);
