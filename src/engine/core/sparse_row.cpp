@@ -1,0 +1,256 @@
+#include "engine/core/sparse_row.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+namespace q {
+
+namespace {
+constexpr int kBlocks = SparseRow::kBlockColumns / SparseRow::kBlockWidth;
+// The pool is packed again once more than half of it, and more than this, is dead text.
+constexpr uint32_t kWasteBeforeCompacting = 256;
+}  // namespace
+
+// ---- Bytes in the blocks ----
+
+const SparseRow::Block* SparseRow::blockOf(int16_t column) const {
+  const int b = column / kBlockWidth - firstBlock_;
+  return b >= 0 && b < blockCount_ ? &blocks_[b] : nullptr;
+}
+
+bool SparseRow::levelAt(int16_t column, uint8_t& level) const {
+  if (!inBlocks(column)) return false;
+  const Block* b = blockOf(column);
+  const int k = column % kBlockWidth;
+  if (!b || !(b->mask >> k & 1)) return false;
+  level = b->level[k];
+  return true;
+}
+
+// Makes the blocks reach the given one, keeping what they hold.
+void SparseRow::cover(int block) {
+  if (blockCount_ > 0 && block >= firstBlock_ && block < firstBlock_ + blockCount_) return;
+  const int first = blockCount_ == 0 ? block : std::min<int>(block, firstBlock_);
+  const int last = blockCount_ == 0 ? block : std::max<int>(block, firstBlock_ + blockCount_ - 1);
+  auto grown = std::make_unique<Block[]>(size_t(last - first + 1));
+  for (int b = 0; b < blockCount_; ++b) grown[firstBlock_ - first + b] = blocks_[b];
+  blocks_ = std::move(grown);
+  firstBlock_ = uint8_t(first);
+  blockCount_ = uint8_t(last - first + 1);
+}
+
+void SparseRow::setLevel(int16_t column, uint8_t level) {
+  cover(column / kBlockWidth);
+  Block& b = blocks_[column / kBlockWidth - firstBlock_];
+  const uint64_t bit = uint64_t(1) << (column % kBlockWidth);
+  if (!(b.mask & bit)) ++levelCount_;
+  b.mask |= bit;
+  b.level[column % kBlockWidth] = level;
+}
+
+// The last byte cleared gives the blocks back: a wiped cue costs nothing.
+void SparseRow::clearLevel(int16_t column) {
+  if (!inBlocks(column)) return;
+  const Block* found = blockOf(column);
+  const uint64_t bit = uint64_t(1) << (column % kBlockWidth);
+  if (!found || !(found->mask & bit)) return;
+  blocks_[column / kBlockWidth - firstBlock_].mask &= ~bit;
+  if (--levelCount_ == 0) {
+    blocks_.reset();
+    firstBlock_ = blockCount_ = 0;
+  }
+}
+
+// A full block goes over whole, as a chaser step of all channels has them.
+void SparseRow::copyLevels(int first, int count, uint8_t* out) const {
+  for (int b = 0; b < blockCount_; ++b) {
+    const Block& block = blocks_[b];
+    const int at = (firstBlock_ + b) * kBlockWidth - first;
+    if (block.mask == ~uint64_t(0) && at >= 0 && at + kBlockWidth <= count) {
+      std::memcpy(out + at, block.level, kBlockWidth);
+      continue;
+    }
+    for (uint64_t m = block.mask; m != 0; m &= m - 1) {
+      const int k = std::countr_zero(m);
+      if (at + k >= 0 && at + k < count) out[at + k] = block.level[k];
+    }
+  }
+}
+
+// ---- The other cells ----
+
+const SparseRow::Other* SparseRow::find(int16_t column) const {
+  auto it = std::lower_bound(others_.begin(), others_.end(), column,
+                             [](const Other& o, int16_t c) { return o.column < c; });
+  return it != others_.end() && it->column == column ? &*it : nullptr;
+}
+
+Value SparseRow::valueOf(const Other& o) const {
+  switch (o.kind) {
+    case kByte:
+      return o.b;
+    case kInt16:
+      return o.i;
+    case kDouble:
+      return o.d;
+    default:
+      return std::string(textOf(o));
+  }
+}
+
+double SparseRow::numberIn(const Other& o) const {
+  switch (o.kind) {
+    case kByte:
+      return o.b;
+    case kInt16:
+      return o.i;
+    case kDouble:
+      return o.d;
+    default:
+      return numberOr0(Value(std::string(textOf(o))));
+  }
+}
+
+bool SparseRow::othersIn(int first, int last) const {
+  auto it = std::lower_bound(others_.begin(), others_.end(), first,
+                             [](const Other& o, int c) { return o.column < c; });
+  return it != others_.end() && it->column <= last;
+}
+
+void SparseRow::dropText(const Other& o) {
+  if (o.kind == kText) poolWaste_ += o.text.size;
+}
+
+// A text no longer than the one it replaces takes its place in the pool.
+void SparseRow::keepText(Other& o, const std::string& text) {
+  if (o.kind == kText && text.size() <= o.text.size) {
+    std::memcpy(pool_.data() + o.text.at, text.data(), text.size());
+    poolWaste_ += o.text.size - uint32_t(text.size());
+    o.text.size = uint32_t(text.size());
+    return;
+  }
+  dropText(o);
+  o.kind = kText;
+  o.text = {uint32_t(pool_.size()), uint32_t(text.size())};
+  pool_ += text;
+}
+
+void SparseRow::compactPool() {
+  std::string packed;
+  packed.reserve(pool_.size() - poolWaste_);
+  for (Other& o : others_)
+    if (o.kind == kText) {
+      const std::string_view t = textOf(o);
+      o.text.at = uint32_t(packed.size());
+      packed += t;
+    }
+  pool_ = std::move(packed);
+  poolWaste_ = 0;
+}
+
+void SparseRow::setOther(int16_t column, const Value& v) {
+  auto it = std::lower_bound(others_.begin(), others_.end(), column,
+                             [](const Other& o, int16_t c) { return o.column < c; });
+  if (it == others_.end() || it->column != column) {
+    Other fresh{};
+    fresh.column = column;
+    fresh.kind = kByte;
+    it = others_.insert(it, fresh);
+  }
+  Other& o = *it;
+  switch (v.index()) {
+    case 1:
+      dropText(o);
+      o.kind = kByte;
+      o.b = std::get<uint8_t>(v);
+      break;
+    case 2:
+      dropText(o);
+      o.kind = kInt16;
+      o.i = std::get<int16_t>(v);
+      break;
+    case 3:
+      dropText(o);
+      o.kind = kDouble;
+      o.d = std::get<double>(v);
+      break;
+    default:
+      keepText(o, std::get<std::string>(v));
+      break;
+  }
+  if (poolWaste_ > kWasteBeforeCompacting && poolWaste_ * 2 > pool_.size()) compactPool();
+}
+
+void SparseRow::removeOther(int16_t column) {
+  auto it = std::lower_bound(others_.begin(), others_.end(), column,
+                             [](const Other& o, int16_t c) { return o.column < c; });
+  if (it == others_.end() || it->column != column) return;
+  dropText(*it);
+  others_.erase(it);
+  if (others_.empty()) {
+    // The last other cell gone: give back the list and the pool.
+    std::vector<Other>().swap(others_);
+    std::string().swap(pool_);
+    poolWaste_ = 0;
+  } else if (poolWaste_ > kWasteBeforeCompacting && poolWaste_ * 2 > pool_.size()) {
+    compactPool();
+  }
+}
+
+// ---- The cell ----
+
+bool SparseRow::filled(int16_t column) const {
+  uint8_t level;
+  return levelAt(column, level) || find(column) != nullptr;
+}
+
+Value SparseRow::get(int16_t column) const {
+  uint8_t level;
+  if (levelAt(column, level)) return level;
+  const Other* o = find(column);
+  return o ? valueOf(*o) : Value{};
+}
+
+double SparseRow::number(int16_t column) const {
+  uint8_t level;
+  if (levelAt(column, level)) return level;
+  if (others_.empty()) return 0;
+  const Other* o = find(column);
+  return o ? numberIn(*o) : 0;
+}
+
+bool SparseRow::holds(int16_t column, const Value& v) const {
+  uint8_t level;
+  if (levelAt(column, level)) return v.index() == 1 && std::get<uint8_t>(v) == level;
+  const Other* o = find(column);
+  switch (v.index()) {
+    case 0:
+      return !o;
+    case 1:
+      return o && o->kind == kByte && o->b == std::get<uint8_t>(v);
+    case 2:
+      return o && o->kind == kInt16 && o->i == std::get<int16_t>(v);
+    case 3:
+      return o && o->kind == kDouble && o->d == std::get<double>(v);
+    default:
+      return o && o->kind == kText && textOf(*o) == std::get<std::string>(v);
+  }
+}
+
+void SparseRow::set(int16_t column, const Value& v) {
+  if (v.index() == 1 && inBlocks(column)) {
+    removeOther(column);
+    setLevel(column, std::get<uint8_t>(v));
+    return;
+  }
+  clearLevel(column);
+  if (isEmpty(v))
+    removeOther(column);
+  else
+    setOther(column, v);
+}
+
+static_assert(kBlocks <= 255, "block numbers are kept in a byte");
+
+}  // namespace q
