@@ -12,7 +12,7 @@ packages=(
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-alsa
   libola-dev ola
   libgtest-dev libgmock-dev googletest libbenchmark-dev
-  xvfb xauth util-linux
+  xvfb xauth util-linux poppler-utils
 )
 
 missing=()

@@ -6,6 +6,7 @@
 
 #ifdef QUINTARA_WITH_GUI
 #include "gui/app.h"
+#include "gui/print/qt_page_printer.h"
 #endif
 
 int main(int argc, char** argv) {
@@ -14,7 +15,11 @@ int main(int argc, char** argv) {
     if (std::strcmp(argv[i], "--headless") == 0) headless = true;
 #ifdef QUINTARA_WITH_GUI
   if (!headless) return q::runDesk(argc, argv);
-#endif
+  // Without a screen the cue list prints into a PDF file, through Qt on its offscreen platform.
+  q::gui::QtPagePrinter pdf(q::gui::QtPagePrinter::Target::PdfOnly);
+  return q::runHeadless(argc, argv, &pdf);
+#else
   (void)headless;
   return q::runHeadless(argc, argv);
+#endif
 }

@@ -17,6 +17,7 @@
 #include <cstring>
 #include <filesystem>
 
+#include "engine/controls/cell_grid.h"
 #include "engine/core/console.h"
 #include "gui/desk/desk_context.h"
 #include "gui/desk/desk_options.h"
@@ -26,6 +27,7 @@
 #include "gui/desk/open_file.h"
 #include "gui/desk/splash_screen.h"
 #include "gui/guarded_application.h"
+#include "gui/print/qt_page_printer.h"
 #include "gui/qt_dialogs.h"
 #include "gui/remote_port.h"
 #include "gui/timer_driver.h"
@@ -76,7 +78,15 @@ void openAsTheOperator(Console& console, const std::string& window) {
     console.form1.FaderCFG(kFirstStrip).mouseDown(MouseButton::Right);
     return;
   }
-  if (Control* opener = console.registry.find(std::string(e->opener))) opener->click();
+  Control* opener = console.registry.find(std::string(e->opener));
+  if (!opener) return;
+  // A pane of a grid opens its window with a double click on its first row.
+  if (dynamic_cast<CellGrid*>(opener)) {
+    opener->mouseDown({MouseButton::Left, 10, 10});
+    opener->dblClick({MouseButton::Left, 10, 10});
+    return;
+  }
+  opener->click();
 }
 
 int saveScreenshot(QWidget& widget, const std::string& file) {
@@ -127,6 +137,8 @@ int runDesk(int argc, char** argv) {
   host.devices = &realDevices();
   PosixProcessLauncher processes;
   host.processes = &processes;
+  gui::QtPagePrinter printer(gui::QtPagePrinter::Target::DefaultPrinter);
+  host.printer = &printer;
   RtMidiInPort midiIn;
   RtMidiOutPort midiOut;
   host.midiIn = &midiIn;

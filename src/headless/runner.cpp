@@ -171,7 +171,7 @@ class Run {
 
 }  // namespace
 
-int runHeadless(int argc, char** argv) {
+int runHeadless(int argc, char** argv, Printer* printer) {
   const HeadlessOptions opt = parseHeadlessOptions(argc, argv);
   if (!opt.error.empty()) {
     std::cerr << "quintara: " << opt.error << "\n";
@@ -201,6 +201,7 @@ int runHeadless(int argc, char** argv) {
   host.devices = &realDevices();
   PosixProcessLauncher processes;
   host.processes = &processes;
+  host.printer = printer;
   // Real MIDI ports only on the real clock: a virtual-clock run must come out
   // the same every time, whatever a surface plugged into the machine sends.
   std::unique_ptr<RtMidiInPort> midiIn;

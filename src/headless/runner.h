@@ -3,6 +3,10 @@
 
 namespace q {
 
-int runHeadless(int argc, char** argv);
+class Printer;
+
+// printer: where the cue list prints (the PDF writer when the program has
+// one); null prints nothing and says so.
+int runHeadless(int argc, char** argv, Printer* printer = nullptr);
 
 }  // namespace q

@@ -29,3 +29,9 @@ set_tests_properties(integration.long_lines PROPERTIES TIMEOUT 120)
 add_test(NAME integration.players
          COMMAND ${CMAKE_CURRENT_LIST_DIR}/players.sh $<TARGET_FILE:quintara>)
 set_tests_properties(integration.players PROPERTIES TIMEOUT 120)
+
+# A generated cue list printed by the headless console into CueList.pdf and
+# read back with pdftotext: every caption and value of every cue, in order.
+add_test(NAME integration.cuelist_print
+         COMMAND ${CMAKE_CURRENT_LIST_DIR}/cuelist_print.sh $<TARGET_FILE:quintara>)
+set_tests_properties(integration.cuelist_print PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 120)

@@ -27,6 +27,7 @@ Console& ConsoleFixture::console() {
     host.commandLine = commandLine;
     host.devices = devices;
     host.processes = processes;
+    host.printer = printer;
     host.players[0] = players[0];
     host.players[1] = players[1];
     console_ = std::make_unique<Console>(host);

@@ -37,6 +37,8 @@ class ConsoleFixture : public ::testing::Test {
   DeviceFactory* devices = nullptr;
   // Starts the programs cues name; null refuses every start.
   ProcessLauncher* processes = nullptr;
+  // The printer of the cue list; null has none.
+  Printer* printer = nullptr;
 
  private:
   std::filesystem::path home_;

@@ -11,7 +11,10 @@
 // second, unless it runs with ContinuousOutput=1; run.sh measures either way.
 //
 //   desk_bench --ola-port P [--universe U] [--listen PORT] [--idle S]
-//              [--move-seconds S] [--moves N] -- QUINTARA ARGS...
+//              [--move-seconds S] [--moves N] [--before COMMAND]... -- QUINTARA ARGS...
+//
+// Each --before command goes to the remote port once the desk listens,
+// before anything is measured: to open a window (`click mnuMatrix`).
 //
 // The desk must be set up to send to universe U of that olad every 25 ms
 // (Interface=10, DMXRate=25), to listen on PORT, and to have strip 2 (Fader(4))
@@ -58,6 +61,7 @@ struct Options {
   int idleSeconds = 60;
   int moveSeconds = 10;
   int moves = 200;
+  std::vector<std::string> before;
   std::vector<char*> desk;
 };
 
@@ -189,6 +193,8 @@ bool parse(int argc, char** argv, Options& o) {
       o.moveSeconds = next();
     else if (a == "--moves")
       o.moves = next();
+    else if (a == "--before" && i + 1 < argc)
+      o.before.push_back(argv[++i]);
     else if (a == "--") {
       for (++i; i < argc; ++i) o.desk.push_back(argv[i]);
     } else
@@ -210,7 +216,8 @@ int main(int argc, char** argv) {
   if (!parse(argc, argv, o)) {
     std::fprintf(stderr,
                  "usage: desk_bench --ola-port P [--universe U] [--listen PORT] "
-                 "[--idle S] [--move-seconds S] [--moves N] -- QUINTARA ARGS...\n");
+                 "[--idle S] [--move-seconds S] [--moves N] [--before COMMAND]... "
+                 "-- QUINTARA ARGS...\n");
     return 2;
   }
   Bench b;
@@ -254,6 +261,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   b.remote = fd;
+  for (const std::string& line : o.before) b.command(line);
 
   // Idle with chaser 1 running: nobody touches the desk.
   b.command("press FXbutton(0)");

@@ -36,6 +36,9 @@ class CellGrid : public Control {
   int foreColor = 0xFFFFFF;
   int gridColor = -1;  // -1: no lines between the cells
   double fontPoints = 8;
+  // Where a cell's text starts, from the cell's left and top edges in window
+  // units; -1: the text is aligned in the cell as the cell asks.
+  double textLeft = -1, textTop = -1;
   std::function<Cell(int row, int column)> cellAt;
 
   Cell cell(int row, int column) const { return cellAt ? cellAt(row, column) : Cell{}; }

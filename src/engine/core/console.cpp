@@ -1,7 +1,10 @@
 #include "engine/core/console.h"
 
+#include "engine/cuelist/cue_grid.h"
 #include "engine/look/about_window.h"
+#include "engine/views/channels_matrix.h"
 #include "engine/views/level_windows.h"
+#include "engine/views/patch_window.h"
 
 namespace q {
 
@@ -49,7 +52,10 @@ Console::Console(ConsoleHost host)
   registerCoreValues(*this);
   wireMainMenu();
   addAboutWindow(*this);
+  addChannelsMatrix(*this);
+  addPatchWindows(*this);
   addLevelWindows(*this);
+  addCueListWindows(*this);
   windows.enableOpeners();
 }
 

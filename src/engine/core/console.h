@@ -16,6 +16,7 @@
 #include "engine/core/main_window.h"
 #include "engine/core/mixer.h"
 #include "engine/core/named_values.h"
+#include "engine/core/printer.h"
 #include "engine/core/process_launcher.h"
 #include "engine/core/scheduler.h"
 #include "engine/core/settings.h"
@@ -59,6 +60,8 @@ struct ConsoleHost {
   // The MIDI input and output ports; none means no MIDI device.
   MidiInPort* midiIn = nullptr;
   MidiOutPort* midiOut = nullptr;
+  // The printer of the cue list; none shows a message instead of printing.
+  Printer* printer = nullptr;
 };
 
 class Console {

@@ -40,7 +40,7 @@ inline constexpr WindowEntry kWindowCatalogue[] = {
     {"MIDISetupForm", "mnuMidiSetup", 7},
     {"FX1Config", "btnFXConfig(0)", 8},
     {"FX2Config", "btnFXConfig(1)", 9},
-    {"CueProps", "Cuewin.Picture1", 10},  // a double click on a row of the cue grid
+    {"CueProps", "Cuewin.Picture3", 10},  // a double click on a row of CUE, FUN, TIMES or NAME
     {"SpCue", "Cuewin.mnuSpecialCue", 11},
     {"frmAbout", "mnuAbout", 12},
     {"Refreshrate", "mnuInterface", 13},

@@ -95,10 +95,10 @@ void LoadShow(Console& c, const std::string& path) {
       const std::string companion = besideIndex(path, value);
       switch (k.key) {
         case Key::Name:
-          c.v.ShowName = value;
+          setCueListShowName(c, value);
           break;
         case Key::Date:
-          c.v.ShowDate = value;
+          setCueListShowDate(c, value);
           break;
         case Key::Submasters:
           LoadSubmasters(c, companion);

@@ -174,10 +174,10 @@ class SubmasterReader {
     MainWindow& f = c_.form1;
     switch (key) {
       case Key::Show:
-        c_.v.ShowName = cp1252ToUtf8(rest);
+        setCueListShowName(c_, cp1252ToUtf8(rest));
         break;
       case Key::Date:
-        c_.v.ShowDate = cp1252ToUtf8(rest);
+        setCueListShowDate(c_, cp1252ToUtf8(rest));
         break;
       case Key::Sub:
         element_ = wholeIn(r_, rest, INT16_MIN, INT16_MAX - 2, "submaster") + 2;

@@ -12,11 +12,16 @@
 #include "gui/windows/about_window.h"
 #include "gui/windows/channels_window.h"
 #include "gui/windows/chaser_editor_window.h"
+#include "gui/windows/cue_list_window.h"
+#include "gui/windows/cue_properties_window.h"
 #include "gui/windows/fader_config_window.h"
 #include "gui/windows/interface_setup_window.h"
 #include "gui/windows/keypad_window.h"
+#include "gui/windows/matrix_window.h"
 #include "gui/windows/midi_setup_window.h"
+#include "gui/windows/patch_windows.h"
 #include "gui/windows/simple_window.h"
+#include "gui/windows/special_cue_window.h"
 #include "gui/windows/xy_window.h"
 
 namespace q::gui {
@@ -38,11 +43,17 @@ void addDeskWindows(WindowHost& host) {
   host.addBuilder("Tecles", buildKeypadWindow);
   host.addBuilder("Refreshrate", buildInterfaceSetupWindow);
   host.addBuilder("frmAbout", buildAboutWindow);
+  host.addBuilder("frmSparseMatrix", buildMatrixWindow);
+  host.addBuilder("frmPatch", buildPatchWindow);
+  host.addBuilder("frmInvPatch", buildInvPatchWindow);
   host.addBuilder("Canals", buildChannelsWindow);
   host.addBuilder("Simple", buildSimpleWindow);
   host.addBuilder("Mobile", buildXYWindow);
   host.addBuilder("FX1Config", buildChaserEditorWindow);
   host.addBuilder("FX2Config", buildChaserEditorWindow);
+  host.addBuilder("Cuewin", buildCueListWindow);
+  host.addBuilder("CueProps", buildCuePropertiesWindow);
+  host.addBuilder("SpCue", buildSpecialCueWindow);
 
   Console& c = host.console();
   // Links open through the desktop's own handler.

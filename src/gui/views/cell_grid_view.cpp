@@ -3,9 +3,11 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QStaticText>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "engine/controls/cell_grid.h"
 
@@ -83,25 +85,86 @@ void CellGridView::paintEvent(QPaintEvent* e) {
   f.setPixelSize(std::max(6, int(std::lround(m->fontPoints * 20 * scale_))));
   QFont bold = f;
   bold.setBold(true);
+  if (f.pixelSize() != cachedPixels_) {
+    for (auto& c : textCache_) c.clear();
+    cachedPixels_ = f.pixelSize();
+  }
+
+  // Backgrounds first, then the grid's lines (two a column and two a row,
+  // where each cell would draw its own outline), then the texts.
+  std::vector<CellGrid::Cell> cells;
+  cells.reserve(size_t(std::max(0, (r1 - r0 + 1) * (c1 - c0 + 1))));
   for (int r = r0; r <= r1; ++r)
     for (int c = c0; c <= c1; ++c) {
-      const CellGrid::Cell cell = m->cell(r, c);
-      const QRect box = cellRect(r, c);
-      if (cell.backColor >= 0) p.fillRect(box, rgb(cell.backColor));
-      if (m->gridColor >= 0) {
-        p.setPen(rgb(m->gridColor));
-        p.drawRect(box.adjusted(0, 0, -1, -1));
-      }
+      cells.push_back(m->cell(r, c));
+      if (cells.back().backColor >= 0) p.fillRect(cellRect(r, c), rgb(cells.back().backColor));
       ++painted_;
+    }
+  if (m->gridColor >= 0 && r0 <= r1 && c0 <= c1) {
+    p.setPen(rgb(m->gridColor));
+    const int top = cellRect(r0, c0).top(), bottom = cellRect(r1, c0).bottom();
+    const int left = cellRect(r0, c0).left(), right = cellRect(r0, c1).right();
+    for (int c = c0; c <= c1; ++c) {
+      const QRect box = cellRect(r0, c);
+      p.drawLine(box.left(), top, box.left(), bottom);
+      p.drawLine(box.right(), top, box.right(), bottom);
+    }
+    for (int r = r0; r <= r1; ++r) {
+      const QRect box = cellRect(r, c0);
+      p.drawLine(left, box.top(), right, box.top());
+      p.drawLine(left, box.bottom(), right, box.bottom());
+    }
+  }
+  const bool placed = m->textLeft >= 0 && m->textTop >= 0;
+  const QPoint offset(int(std::lround(m->textLeft * scale_)),
+                      int(std::lround(m->textTop * scale_)));
+  int font = -1;
+  QRgb pen = 0;
+  size_t k = 0;
+  for (int r = r0; r <= r1; ++r)
+    for (int c = c0; c <= c1; ++c) {
+      const CellGrid::Cell& cell = cells[k++];
       if (cell.text.empty()) continue;
-      p.setFont(cell.bold ? bold : f);
-      p.setPen(rgb(cell.foreColor >= 0 ? cell.foreColor : m->foreColor));
+      if (font != int(cell.bold)) {
+        font = int(cell.bold);
+        p.setFont(cell.bold ? bold : f);
+      }
+      const QRgb colour = rgb(cell.foreColor >= 0 ? cell.foreColor : m->foreColor).rgb();
+      if (colour != pen) {
+        pen = colour;
+        p.setPen(QColor::fromRgb(colour));
+      }
+      const QRect box = cellRect(r, c);
+      const QString text = QString::fromStdString(cell.text);
+      if (placed) {
+        drawPlaced(p, box.adjusted(offset.x(), offset.y(), 0, 0), text, cell.bold);
+        continue;
+      }
       const int align = cell.align == CellGrid::Cell::Align::Left    ? Qt::AlignLeft
                         : cell.align == CellGrid::Cell::Align::Right ? Qt::AlignRight
                                                                      : Qt::AlignHCenter;
-      p.drawText(box.adjusted(2, 0, -2, 0), align | Qt::AlignVCenter,
-                 QString::fromStdString(cell.text));
+      p.drawText(box.adjusted(2, 0, -2, 0), align | Qt::AlignVCenter, text);
     }
+}
+
+// A text from the top left corner of its place. The texts of a pane repeat
+// (levels, numbers, channel numbers), so each is laid out once and kept; one
+// wider than its place is cut at its edge.
+void CellGridView::drawPlaced(QPainter& p, const QRect& place, const QString& text, bool bold) {
+  QHash<QString, QStaticText>& cache = textCache_[bold ? 1 : 0];
+  auto it = cache.find(text);
+  if (it == cache.end()) {
+    if (cache.size() > 4096) cache.clear();
+    QStaticText st(text);
+    st.setTextFormat(Qt::PlainText);
+    st.prepare(QTransform(), p.font());
+    it = cache.insert(text, st);
+  }
+  if (it->size().width() <= place.width()) {
+    p.drawStaticText(place.topLeft(), *it);
+    return;
+  }
+  p.drawText(place, Qt::AlignLeft | Qt::AlignTop, text);
 }
 
 void CellGridView::mousePressEvent(QMouseEvent* e) {

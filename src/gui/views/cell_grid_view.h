@@ -4,6 +4,8 @@
 // see, and the grid's notices repaint only the cells that changed. A press is
 // handed to the grid at its point in the window's units.
 
+#include <QHash>
+#include <QStaticText>
 #include <QWidget>
 
 #include "gui/views/control_events.h"
@@ -42,12 +44,16 @@ class CellGridView : public QWidget {
  private:
   void cellsChanged(const TableChange& c);
   void syncFromModel();
+  void drawPlaced(QPainter& p, const QRect& place, const QString& text, bool bold);
 
   ViewBinding binding_;
   MouseForwarder mouse_;
   double scale_;
   int cellsListener_ = 0;
   int painted_ = 0;
+  // Texts laid out at the present type size, plain and bold.
+  QHash<QString, QStaticText> textCache_[2];
+  int cachedPixels_ = 0;
 };
 
 }  // namespace q::gui

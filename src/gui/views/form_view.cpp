@@ -52,7 +52,32 @@ QRect FormView::pixels(const Twips& t) const {
 void FormView::setSizeTwips(int width, int height) {
   widthTwips_ = width;
   heightTwips_ = height;
-  setFixedSize(px(width), px(height));
+  applySize();
+}
+
+void FormView::setResizable(bool resizable) {
+  resizable_ = resizable;
+  applySize();
+}
+
+void FormView::applySize() {
+  sizing_ = true;
+  if (resizable_) {
+    setMinimumSize(px(1200), px(900));
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    resize(px(widthTwips_), px(heightTwips_));
+  } else {
+    setFixedSize(px(widthTwips_), px(heightTwips_));
+  }
+  sizing_ = false;
+}
+
+void FormView::resizeEvent(QResizeEvent* e) {
+  QWidget::resizeEvent(e);
+  if (!resizable_ || sizing_) return;
+  widthTwips_ = int(std::lround(width() / scale()));
+  heightTwips_ = int(std::lround(height() / scale()));
+  if (onResized) onResized(widthTwips_, heightTwips_);
 }
 
 QFont FormView::windowFont(double points, bool bold) const {
@@ -76,8 +101,14 @@ void FormView::put(QWidget* view, const Twips& place) {
   if (auto* g = qobject_cast<CellGridView*>(view)) g->setScale(scale());
 }
 
+void FormView::moveTo(QWidget* view, Twips place) {
+  for (Placed& p : placed_)
+    if (p.view == view) p.place = place;
+  put(view, place);
+}
+
 void FormView::relayout() {
-  setFixedSize(px(widthTwips_), px(heightTwips_));
+  applySize();
   std::erase_if(placed_, [](const Placed& p) { return p.view.isNull(); });
   for (const Placed& p : placed_) put(p.view, p.place);
   update();

@@ -8,6 +8,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 namespace q {
@@ -36,6 +37,12 @@ class FormView : public QWidget {
   QRect pixels(const Twips& t) const;
   // The window's client area in twips.
   void setSizeTwips(int width, int height);
+  int widthTwips() const { return widthTwips_; }
+  int heightTwips() const { return heightTwips_; }
+  // A window the operator may size (the cue list): its client area follows
+  // the Qt window, and onResized hears the new size in twips.
+  void setResizable(bool resizable);
+  std::function<void(int widthTwips, int heightTwips)> onResized;
   // Puts a view at its place in twips; it follows the zoom from then on.
   template <class W>
   W* at(W* view, Twips place) {
@@ -44,6 +51,8 @@ class FormView : public QWidget {
     put(view, place);
     return view;
   }
+  // Moves a view put with at() to another place in twips.
+  void moveTo(QWidget* view, Twips place);
   // Puts every view in its place again at the present zoom.
   void relayout();
   // The console's type at a size in points, at the zoom.
@@ -59,6 +68,7 @@ class FormView : public QWidget {
   void keyPressEvent(QKeyEvent* e) override;
   void changeEvent(QEvent* e) override;
   void paintEvent(QPaintEvent* e) override;
+  void resizeEvent(QResizeEvent* e) override;
 
  private:
   struct Placed {
@@ -66,12 +76,15 @@ class FormView : public QWidget {
     Twips place;
   };
   void put(QWidget* view, const Twips& place);
+  void applySize();
 
   WindowHost& host_;
   Window* model_;
   int widthTwips_ = 4800, heightTwips_ = 3600;
   std::vector<Placed> placed_;
   bool expectActivation_ = false;
+  bool resizable_ = false;
+  bool sizing_ = false;
 };
 
 }  // namespace q::gui

@@ -85,7 +85,7 @@ TEST_F(MidiSetup, OkOpensThePortsAndTakesTheTable) {
   f.Combo1.setListIndex(2);
   f.ComboChannel.setListIndex(15);
   f.CmdOk.click();
-  EXPECT_FALSE(f.isVisible());
+  EXPECT_EQ(console().windows.find("MIDISetupForm"), nullptr);
   EXPECT_EQ(midi().MidiInName, "Keys In");
   EXPECT_EQ(midi().MidiInIndex, 2);
   EXPECT_EQ(midi().MidiOutName, "Quintara MIDI Out");
@@ -107,14 +107,14 @@ TEST_F(MidiSetup, CancelKeepsEverythingAndForgetsTheTyping) {
   f.Combo1.setListIndex(4);
   f.ComboChannel.setListIndex(3);
   f.CmdCancel.click();
-  EXPECT_FALSE(f.isVisible());
+  EXPECT_EQ(console().windows.find("MIDISetupForm"), nullptr);
   EXPECT_FALSE(in.isOpen());
   EXPECT_EQ(v().SubMidi[0], 0);
   EXPECT_EQ(v().MidiChannel, 1);
-  open();
-  EXPECT_EQ(f.txtMIDI(3).text(), "0");
-  EXPECT_EQ(f.ComboMidiIn.listIndex(), 0);
-  EXPECT_EQ(f.ComboChannel.listIndex(), 0);
+  MidiSetupForm& again = open();
+  EXPECT_EQ(again.txtMIDI(3).text(), "0");
+  EXPECT_EQ(again.ComboMidiIn.listIndex(), 0);
+  EXPECT_EQ(again.ComboChannel.listIndex(), 0);
 }
 
 TEST_F(MidiSetup, ABadControllerStopsOkWithAMessage) {

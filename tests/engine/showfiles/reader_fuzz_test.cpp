@@ -15,7 +15,7 @@
 namespace q::test {
 
 namespace {
-const std::filesystem::path kCorpus = std::filesystem::path(__FILE__).parent_path() / "corpus";
+const std::filesystem::path kCorpus = QUINTARA_SHOWFILE_CORPUS;
 
 // Bytes that make a mutation reach deeper than random noise does.
 const char* const kTokens[] = {
