@@ -252,7 +252,7 @@ void Mixer::addChaser(int k, int channels) {
     std::array<uint8_t, kChannels> bytes;
     if (data.levelBytes(row, 1, kChannels, bytes.data())) {
       // A step of byte levels, as the editor and the chaser file store them
-      // (an empty cell as 0): a byte times a weight of at most 1 stays a byte.
+      // (an empty cell as 0): a byte times the weight of a byte level stays a byte.
       for (int i = 0; i < kChannels; ++i) lift.at[i] = uint8_t(floorOf(w * bytes[i]));
     } else {
       for (int ch = 1; ch <= kChannels; ++ch) {

@@ -6,6 +6,8 @@ namespace q {
 
 namespace {
 constexpr int kRowOffset = 32768;
+// Every row of a touched page is kept whether used or not, so a row stays small.
+static_assert(sizeof(SparseRow) <= 24);
 }  // namespace
 
 CSparseMatrix::CSparseMatrix() = default;
@@ -14,14 +16,7 @@ CSparseMatrix::~CSparseMatrix() = default;
 const SparseRow* CSparseMatrix::findRow(int16_t row) const {
   const int at = row + kRowOffset;
   const Page* page = pages_[at / kPageRows].get();
-  return page ? (*page)[at % kPageRows].get() : nullptr;
-}
-
-std::unique_ptr<SparseRow>& CSparseMatrix::rowSlot(int16_t row) {
-  const int at = row + kRowOffset;
-  auto& page = pages_[at / kPageRows];
-  if (!page) page = std::make_unique<Page>();
-  return (*page)[at % kPageRows];
+  return page ? &(*page)[at % kPageRows] : nullptr;
 }
 
 Value CSparseMatrix::Cell(int16_t row, int16_t column) const {
@@ -49,15 +44,14 @@ bool CSparseMatrix::levelBytes(int16_t row, int first, int count, uint8_t* out) 
 
 void CSparseMatrix::setCell(int16_t row, int16_t column, const Value& v) {
   ++version_;
-  const SparseRow* existing = findRow(row);
-  // Storing what the cell already holds is no change, and storing empty in
-  // a row with nothing in it reads the same as nothing.
-  if (existing ? existing->holds(column, v) : isEmpty(v)) return;
-  auto& r = rowSlot(row);
-  if (!r) r = std::make_unique<SparseRow>();
-  r->set(column, v);
-  if (r->empty()) r.reset();
-  changes.changed(row, column);
+  const int at = row + kRowOffset;
+  std::unique_ptr<Page>& page = pages_[at / kPageRows];
+  if (!page) {
+    if (isEmpty(v)) return;  // empty in a row never stored reads the same as nothing
+    page = std::make_unique<Page>();
+  }
+  SparseRow& r = (*page)[at % kPageRows];
+  if (r.store(column, v)) changes.changed(row, column);
 }
 
 void CSparseMatrix::clearAll() {

@@ -8,10 +8,10 @@
 //
 // Storage is built for the two hot uses: the mixer reads one chaser step per
 // channel on every mix, and a show load fills thousands of cue rows of 512
-// channels. Rows are found in two steps through pages of 256 rows, each
-// made on the first store into it; a row keeps its levels a byte a channel
-// and the rare other cells apart (SparseRow). A row with nothing filled
-// holds no memory: a wiped or never used cue costs only its place in a page.
+// channels. Rows sit in pages of 256 rows, each page made on the first
+// store into it; a row keeps its levels a byte a channel and the rare other
+// cells apart (SparseRow). A row with nothing filled holds no memory beyond
+// its place in a page: a wiped or never used cue costs 24 bytes.
 
 #include <array>
 #include <cstdint>
@@ -53,9 +53,8 @@ class CSparseMatrix {
 
  private:
   static constexpr int kPageRows = 256;
-  using Page = std::array<std::unique_ptr<SparseRow>, kPageRows>;
+  using Page = std::array<SparseRow, kPageRows>;
   const SparseRow* findRow(int16_t row) const;
-  std::unique_ptr<SparseRow>& rowSlot(int16_t row);
 
   std::array<std::unique_ptr<Page>, 65536 / kPageRows> pages_;  // by (row + 32768) / 256
   uint64_t version_ = 0;

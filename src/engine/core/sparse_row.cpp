@@ -7,32 +7,28 @@
 namespace q {
 
 namespace {
-constexpr int kBlocks = SparseRow::kBlockColumns / SparseRow::kBlockWidth;
+constexpr int kBlocks = SparseRow::kLevelColumns / SparseRow::kBlockWidth;
 // The pool is packed again once more than half of it, and more than this, is dead text.
 constexpr uint32_t kWasteBeforeCompacting = 256;
 }  // namespace
 
 // ---- Bytes in the blocks ----
 
-const SparseRow::Block* SparseRow::blockOf(int16_t column) const {
-  const int b = column / kBlockWidth - firstBlock_;
-  return b >= 0 && b < blockCount_ ? &blocks_[b] : nullptr;
-}
-
-bool SparseRow::levelAt(int16_t column, uint8_t& level) const {
-  if (!inBlocks(column)) return false;
-  const Block* b = blockOf(column);
-  const int k = column % kBlockWidth;
-  if (!b || !(b->mask >> k & 1)) return false;
-  level = b->level[k];
-  return true;
-}
-
-// Makes the blocks reach the given one, keeping what they hold.
+// Makes the blocks reach the given one, keeping what they hold. Growing,
+// they at least double toward it (empty blocks have an empty mask): the
+// channels of a cue come in one by one from the lowest, and a full cue then
+// takes four allocations instead of eight.
 void SparseRow::cover(int block) {
   if (blockCount_ > 0 && block >= firstBlock_ && block < firstBlock_ + blockCount_) return;
-  const int first = blockCount_ == 0 ? block : std::min<int>(block, firstBlock_);
-  const int last = blockCount_ == 0 ? block : std::max<int>(block, firstBlock_ + blockCount_ - 1);
+  int first = block;
+  int last = block;
+  if (blockCount_ > 0) {
+    const int oldLast = firstBlock_ + blockCount_ - 1;
+    const bool downward = block < firstBlock_;
+    first = downward ? std::min(block, std::max(0, oldLast - 2 * blockCount_ + 1)) : firstBlock_;
+    last = downward ? oldLast
+                    : std::max(block, std::min(kBlocks - 1, firstBlock_ + 2 * blockCount_ - 1));
+  }
   auto grown = std::make_unique<Block[]>(size_t(last - first + 1));
   for (int b = 0; b < blockCount_; ++b) grown[firstBlock_ - first + b] = blocks_[b];
   blocks_ = std::move(grown);
@@ -41,21 +37,21 @@ void SparseRow::cover(int block) {
 }
 
 void SparseRow::setLevel(int16_t column, uint8_t level) {
-  cover(column / kBlockWidth);
-  Block& b = blocks_[column / kBlockWidth - firstBlock_];
-  const uint64_t bit = uint64_t(1) << (column % kBlockWidth);
+  cover(blockNumber(column));
+  Block& b = blocks_[blockNumber(column) - firstBlock_];
+  const uint64_t bit = uint64_t(1) << placeInBlock(column);
   if (!(b.mask & bit)) ++levelCount_;
   b.mask |= bit;
-  b.level[column % kBlockWidth] = level;
+  b.level[placeInBlock(column)] = level;
 }
 
 // The last byte cleared gives the blocks back: a wiped cue costs nothing.
 void SparseRow::clearLevel(int16_t column) {
   if (!inBlocks(column)) return;
   const Block* found = blockOf(column);
-  const uint64_t bit = uint64_t(1) << (column % kBlockWidth);
+  const uint64_t bit = uint64_t(1) << placeInBlock(column);
   if (!found || !(found->mask & bit)) return;
-  blocks_[column / kBlockWidth - firstBlock_].mask &= ~bit;
+  blocks_[blockNumber(column) - firstBlock_].mask &= ~bit;
   if (--levelCount_ == 0) {
     blocks_.reset();
     firstBlock_ = blockCount_ = 0;
@@ -66,7 +62,8 @@ void SparseRow::clearLevel(int16_t column) {
 void SparseRow::copyLevels(int first, int count, uint8_t* out) const {
   for (int b = 0; b < blockCount_; ++b) {
     const Block& block = blocks_[b];
-    const int at = (firstBlock_ + b) * kBlockWidth - first;
+    // Where the block's first channel goes in out.
+    const int at = (firstBlock_ + b) * kBlockWidth + kFirstLevelColumn - first;
     if (block.mask == ~uint64_t(0) && at >= 0 && at + kBlockWidth <= count) {
       std::memcpy(out + at, block.level, kBlockWidth);
       continue;
@@ -81,9 +78,13 @@ void SparseRow::copyLevels(int first, int count, uint8_t* out) const {
 // ---- The other cells ----
 
 const SparseRow::Other* SparseRow::find(int16_t column) const {
-  auto it = std::lower_bound(others_.begin(), others_.end(), column,
+  if (!others_) return nullptr;
+  const std::vector<Other>& cells = others_->cells;
+  // Most rows have only the cue record's cells, beyond the channels.
+  if (column < cells.front().column || column > cells.back().column) return nullptr;
+  auto it = std::lower_bound(cells.begin(), cells.end(), column,
                              [](const Other& o, int16_t c) { return o.column < c; });
-  return it != others_.end() && it->column == column ? &*it : nullptr;
+  return it->column == column ? &*it : nullptr;
 }
 
 Value SparseRow::valueOf(const Other& o) const {
@@ -113,50 +114,61 @@ double SparseRow::numberIn(const Other& o) const {
 }
 
 bool SparseRow::othersIn(int first, int last) const {
-  auto it = std::lower_bound(others_.begin(), others_.end(), first,
+  if (!others_) return false;
+  const std::vector<Other>& cells = others_->cells;
+  auto it = std::lower_bound(cells.begin(), cells.end(), first,
                              [](const Other& o, int c) { return o.column < c; });
-  return it != others_.end() && it->column <= last;
+  return it != cells.end() && it->column <= last;
 }
 
 void SparseRow::dropText(const Other& o) {
-  if (o.kind == kText) poolWaste_ += o.text.size;
+  if (o.kind == kText) others_->poolWaste += o.text.size;
 }
 
 // A text no longer than the one it replaces takes its place in the pool.
 void SparseRow::keepText(Other& o, const std::string& text) {
+  std::string& pool = others_->pool;
   if (o.kind == kText && text.size() <= o.text.size) {
-    std::memcpy(pool_.data() + o.text.at, text.data(), text.size());
-    poolWaste_ += o.text.size - uint32_t(text.size());
+    std::memcpy(pool.data() + o.text.at, text.data(), text.size());
+    others_->poolWaste += o.text.size - uint32_t(text.size());
     o.text.size = uint32_t(text.size());
     return;
   }
   dropText(o);
   o.kind = kText;
-  o.text = {uint32_t(pool_.size()), uint32_t(text.size())};
-  pool_ += text;
+  o.text = {uint32_t(pool.size()), uint32_t(text.size())};
+  pool += text;
+}
+
+bool SparseRow::poolWorthPacking() const {
+  const Others& x = *others_;
+  return x.poolWaste > kWasteBeforeCompacting && x.poolWaste * 2 > x.pool.size();
 }
 
 void SparseRow::compactPool() {
+  Others& x = *others_;
   std::string packed;
-  packed.reserve(pool_.size() - poolWaste_);
-  for (Other& o : others_)
+  packed.reserve(x.pool.size() - x.poolWaste);
+  for (Other& o : x.cells)
     if (o.kind == kText) {
       const std::string_view t = textOf(o);
       o.text.at = uint32_t(packed.size());
       packed += t;
     }
-  pool_ = std::move(packed);
-  poolWaste_ = 0;
+  x.pool = std::move(packed);
+  x.poolWaste = 0;
 }
 
 void SparseRow::setOther(int16_t column, const Value& v) {
-  auto it = std::lower_bound(others_.begin(), others_.end(), column,
+  if (!others_) others_ = std::make_unique<Others>();
+  std::vector<Other>& cells = others_->cells;
+  auto it = std::lower_bound(cells.begin(), cells.end(), column,
                              [](const Other& o, int16_t c) { return o.column < c; });
-  if (it == others_.end() || it->column != column) {
+  if (it == cells.end() || it->column != column) {
     Other fresh{};
     fresh.column = column;
     fresh.kind = kByte;
-    it = others_.insert(it, fresh);
+    it = cells.insert(it, fresh);
   }
   Other& o = *it;
   switch (v.index()) {
@@ -179,23 +191,19 @@ void SparseRow::setOther(int16_t column, const Value& v) {
       keepText(o, std::get<std::string>(v));
       break;
   }
-  if (poolWaste_ > kWasteBeforeCompacting && poolWaste_ * 2 > pool_.size()) compactPool();
+  if (poolWorthPacking()) compactPool();
 }
 
 void SparseRow::removeOther(int16_t column) {
-  auto it = std::lower_bound(others_.begin(), others_.end(), column,
-                             [](const Other& o, int16_t c) { return o.column < c; });
-  if (it == others_.end() || it->column != column) return;
-  dropText(*it);
-  others_.erase(it);
-  if (others_.empty()) {
-    // The last other cell gone: give back the list and the pool.
-    std::vector<Other>().swap(others_);
-    std::string().swap(pool_);
-    poolWaste_ = 0;
-  } else if (poolWaste_ > kWasteBeforeCompacting && poolWaste_ * 2 > pool_.size()) {
+  const Other* found = find(column);
+  if (!found) return;
+  dropText(*found);
+  std::vector<Other>& cells = others_->cells;
+  cells.erase(cells.begin() + (found - cells.data()));
+  if (cells.empty())
+    others_.reset();  // the last other cell gone: the list and the pool go with it
+  else if (poolWorthPacking())
     compactPool();
-  }
 }
 
 // ---- The cell ----
@@ -215,7 +223,6 @@ Value SparseRow::get(int16_t column) const {
 double SparseRow::number(int16_t column) const {
   uint8_t level;
   if (levelAt(column, level)) return level;
-  if (others_.empty()) return 0;
   const Other* o = find(column);
   return o ? numberIn(*o) : 0;
 }
@@ -223,6 +230,8 @@ double SparseRow::number(int16_t column) const {
 bool SparseRow::holds(int16_t column, const Value& v) const {
   uint8_t level;
   if (levelAt(column, level)) return v.index() == 1 && std::get<uint8_t>(v) == level;
+  // A byte of a channel is only ever in the blocks.
+  if (v.index() == 1 && inBlocks(column)) return false;
   const Other* o = find(column);
   switch (v.index()) {
     case 0:
