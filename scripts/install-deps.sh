@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
   build-essential cmake ninja-build pkg-config ccache clang clang-format libclang-rt-14-dev
   qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev
-  libftdi1-dev librtmidi-dev
+  libftdi1-dev librtmidi-dev libasound2-dev
   libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev
   # The players: playbin (base); WAV, MP3, scaletempo, audiopanorama, wavenc (good); ALSA output.
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-alsa
@@ -14,6 +14,11 @@ packages=(
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   xvfb xauth util-linux poppler-utils
 )
+
+# "install-deps.sh package": also what making and checking the Debian package needs.
+if [ "${1:-}" = package ]; then
+  packages+=(dpkg-dev fakeroot lintian desktop-file-utils appstream)
+fi
 
 missing=()
 for p in "${packages[@]}"; do

@@ -1,8 +1,11 @@
 // quintara: the desk window, or with --headless the command-language console.
 
 #include <cstring>
+#include <iostream>
 
 #include "headless/runner.h"
+#include "platform/runtime_dir.h"
+#include "usage.h"
 
 #ifdef QUINTARA_WITH_GUI
 #include "gui/app.h"
@@ -10,6 +13,8 @@
 #endif
 
 int main(int argc, char** argv) {
+  if (q::answerHelpOrVersion(argc, argv, std::cout)) return 0;
+  q::ensureRuntimeDir();
   bool headless = false;
   for (int i = 1; i < argc; ++i)
     if (std::strcmp(argv[i], "--headless") == 0) headless = true;

@@ -11,6 +11,7 @@
 #include <QPointer>
 #include <QScopeGuard>
 #include <QSocketNotifier>
+#include <QStatusBar>
 #include <QTimer>
 #include <csignal>
 #include <cstdio>
@@ -21,6 +22,7 @@
 #include "engine/core/console.h"
 #include "gui/desk/desk_context.h"
 #include "gui/desk/desk_options.h"
+#include "gui/desk/desk_palette.h"
 #include "gui/desk/desk_player.h"
 #include "gui/desk/desk_surface.h"
 #include "gui/desk/form1.h"
@@ -35,6 +37,7 @@
 #include "platform/dmx_devices.h"
 #include "platform/media/gst_media_player.h"
 #include "platform/midi/rtmidi_ports.h"
+#include "platform/missing_services.h"
 #include "platform/process/posix_process_launcher.h"
 #include "platform/program_folder.h"
 
@@ -98,6 +101,15 @@ int saveScreenshot(QWidget& widget, const std::string& file) {
   return 0;
 }
 
+// Said once on the desk's status line, which stays hidden on a machine that lacks nothing.
+void tellMissingServices(QMainWindow& form, const ServicesFound& found) {
+  const std::vector<std::string> news = missingServiceNews(found);
+  if (news.empty()) return;
+  QStringList lines;
+  for (const std::string& line : news) lines << QString::fromStdString(line);
+  form.statusBar()->showMessage(lines.join(QStringLiteral("   ")));
+}
+
 }  // namespace
 
 int runDesk(int argc, char** argv) {
@@ -159,6 +171,7 @@ int runDesk(int argc, char** argv) {
   else if (opt.zoom > 0)
     form.setZoomOverride(opt.zoom);
   dialogs.setParent(&form);
+  tellMissingServices(form, {midiIn.systemPresent(), soundOutputPresent()});
   watchSignals(&app);
   new gui::PlayerPump(player0, &form);
   new gui::PlayerPump(player1, &form);
@@ -183,6 +196,13 @@ int runDesk(int argc, char** argv) {
       if (s) s->close();
     };
   }
+  // Boxes and choosers wear the skin's colours (the desk's dark ones until
+  // the skin is read), and follow a change of skin.
+  gui::applySkinPalette(ctx.sheet.image());
+  const int skinListener =
+      console.look.addListener([&ctx] { gui::applySkinPalette(ctx.sheet.image()); });
+  const auto unlisten = qScopeGuard([&] { console.look.removeListener(skinListener); });
+  dialogs.lastShow = [&console] { return console.form1.mnuRecent(0).caption(); };
   console.start();
   if (splash) {
     QPointer<gui::SplashScreen> s(splash);

@@ -3,6 +3,7 @@
 #include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFontDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -113,9 +114,19 @@ QString defaultSuffix(const std::string& consoleFilter) {
   return ext.contains('*') || ext.contains('?') ? QString() : ext;
 }
 
+QString startFolder(const std::string& initDir, const std::string& lastShow) {
+  const QString asked = QString::fromStdString(initDir);
+  if (!asked.isEmpty() && QFileInfo(asked).isDir()) return asked;
+  const QFileInfo last(QString::fromStdString(lastShow));
+  if (!lastShow.empty() && last.absoluteDir().exists()) return last.absolutePath();
+  const QString documents = QDir::home().filePath(QStringLiteral("Documents"));
+  if (QFileInfo(documents).isDir()) return documents;
+  return QDir::homePath();
+}
+
 std::string QtDialogs::fileDialog(const FileDialogRequest& r) {
   OpenDialog guard(open_, beforeShow);
-  QString start = QString::fromStdString(r.initDir);
+  QString start = startFolder(r.initDir, lastShow ? lastShow() : std::string());
   if (!r.fileName.empty()) start = QDir(start).filePath(QString::fromStdString(r.fileName));
   const QString title = QString::fromStdString(r.title);
   const QString filter = qtFilter(r.filter);

@@ -16,8 +16,14 @@ namespace q::gui {
 // console's filter text ("Quintara Save File (*.Qsh)|*.qsh" gives "qsh").
 QString defaultSuffix(const std::string& consoleFilter);
 
+// Where a file dialog opens: the folder the console asks for when it exists;
+// otherwise the folder of the last show, then ~/Documents, then home.
+QString startFolder(const std::string& initDir, const std::string& lastShow);
+
 class QtDialogs : public Dialogs {
  public:
+  // The show file opened or saved last (the first entry of the recent list).
+  std::function<std::string()> lastShow;
   // The window the dialogs belong to; may change (splash, then the desk).
   void setParent(QWidget* w) { parent_ = w; }
   // Runs before each dialog shows (the desk takes its splash away).

@@ -26,6 +26,7 @@
 #include "platform/dmx_devices.h"
 #include "platform/media/gst_media_player.h"
 #include "platform/midi/rtmidi_ports.h"
+#include "platform/missing_services.h"
 #include "platform/process/posix_process_launcher.h"
 #include "platform/program_folder.h"
 
@@ -223,7 +224,15 @@ int runHeadless(int argc, char** argv, Printer* printer) {
       wakers.push_back({p->wakeFd(), [p] { p->pump(); }});
     }
   }
+  if (!opt.virtualClock) {
+    const ServicesFound found{midiIn->systemPresent(), soundOutputPresent()};
+    for (const std::string& news : missingServiceNews(found))
+      std::cerr << "quintara: " << news << "\n";
+  }
   Console console(host);
+  // An installed console's skins are beside its program: <prefix>/share/quintara.
+  console.look.shippedSkinDirs.insert(console.look.shippedSkinDirs.begin(),
+                                      sharedDataDir() + "/skins");
   // The interpreter exists before start-up, so boxes shown while starting are printed too.
   Interpreter interpreter(console, dialogs, opt.virtualClock ? &virtualClock : nullptr, std::cout);
   console.start();

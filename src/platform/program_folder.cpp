@@ -1,7 +1,5 @@
 #include "platform/program_folder.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <filesystem>
 
@@ -16,16 +14,23 @@ std::string executableDir() {
   return exe.parent_path().string();
 }
 
-std::string programFolder() {
-  std::string dir = executableDir();
-  if (access(dir.c_str(), W_OK) == 0) return dir;
+std::string userConfigFolder() {
   const char* xdg = std::getenv("XDG_CONFIG_HOME");
   const char* home = std::getenv("HOME");
-  fs::path base = xdg && *xdg ? fs::path(xdg) : fs::path(home ? home : "/tmp") / ".config";
-  fs::path folder = base / "quintara";
+  const fs::path base =
+      xdg && *xdg ? fs::path(xdg) : fs::path(home && *home ? home : "/tmp") / ".config";
+  return (base / "quintara").string();
+}
+
+std::string programFolder() {
+  const fs::path exe = executableDir();
   std::error_code ec;
+  // A folder that merely happens to be writable (a build tree, a home
+  // folder's bin) is no reason to scatter settings beside the program.
+  if (fs::exists(exe / kPortableMarker, ec)) return exe.string();
+  const std::string folder = userConfigFolder();
   fs::create_directories(folder, ec);
-  return folder.string();
+  return folder;
 }
 
 std::string sharedDataDir() {

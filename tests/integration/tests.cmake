@@ -35,3 +35,9 @@ set_tests_properties(integration.players PROPERTIES TIMEOUT 120)
 add_test(NAME integration.cuelist_print
          COMMAND ${CMAKE_CURRENT_LIST_DIR}/cuelist_print.sh $<TARGET_FILE:quintara>)
 set_tests_properties(integration.cuelist_print PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 120)
+
+# --help and --version without a screen; a bare start says what is missing
+# in one plain line each and nothing else on standard error.
+add_test(NAME integration.quiet_start
+         COMMAND ${CMAKE_CURRENT_LIST_DIR}/quiet_start.sh $<TARGET_FILE:quintara>)
+set_tests_properties(integration.quiet_start PROPERTIES TIMEOUT 120)

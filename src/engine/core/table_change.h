@@ -30,6 +30,7 @@ class TableNotifier {
   int listen(Listener l) { return listeners_.add(std::move(l)); }
   void unlisten(int id) { listeners_.remove(id); }
   bool watched() const { return !listeners_.empty(); }
+  size_t listenerCount() const { return listeners_.size(); }
 
   void changed(int row, int column) { changed({row, row, column, column}); }
   void changed(const TableChange& c) {

@@ -1,11 +1,14 @@
 #include "platform/midi/rtmidi_ports.h"
 
 #include <RtMidi.h>
+#include <alsa/asoundlib.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
+#include <iostream>
+#include <sstream>
 
 namespace q {
 
@@ -13,14 +16,26 @@ namespace {
 constexpr const char* kClientName = "Quintara";
 constexpr const char* kVirtualPortName = "Quintara (other programs connect here)";
 
+// The ALSA library writes its own complaints (no /dev/snd/seq, no sound card)
+// straight to standard error. The console says what is missing itself, once
+// and in its own words, so the library's lines are dropped.
+void quietAlsa(const char*, int, const char*, int, const char*, ...) {}
+
 // RtMidi reports through exceptions; a port that cannot be built is no port.
+// While it is built, RtMidi prints its failure on std::cerr before it throws:
+// that text goes nowhere, the caller tells the operator instead.
 template <class T>
 std::unique_ptr<T> makeMidi() {
+  snd_lib_error_set_handler(quietAlsa);
+  std::ostringstream swallowed;
+  std::streambuf* const cerr = std::cerr.rdbuf(swallowed.rdbuf());
+  std::unique_ptr<T> midi;
   try {
-    return std::make_unique<T>(RtMidi::UNSPECIFIED, kClientName);
+    midi = std::make_unique<T>(RtMidi::UNSPECIFIED, kClientName);
   } catch (const std::exception&) {
-    return nullptr;
   }
+  std::cerr.rdbuf(cerr);
+  return midi;
 }
 
 template <class T>

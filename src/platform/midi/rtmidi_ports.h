@@ -30,6 +30,8 @@ class RtMidiInPort : public MidiInPort {
 
   int deviceCount() override;
   std::string deviceName(int device) override;
+  // False when the machine has no MIDI system at all (no ALSA sequencer).
+  bool systemPresent() const { return midi_ != nullptr; }
   void setDevice(int device) override { device_ = device; }
   void open() override;
   void start() override { receiving_ = true; }

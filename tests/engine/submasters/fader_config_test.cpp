@@ -64,7 +64,7 @@ TEST_F(ConfigTest, ApplyBringsTheFaderToWhatTheStripNowControls) {
   EXPECT_EQ(form1().FaderFunc(6).caption(), "SMA");
   EXPECT_EQ(v().MixDirty, kTrue);
   EXPECT_EQ(form1().Fader(6).position(), 55);
-  EXPECT_EQ(v().SubLevel[3], subLevel);  // stale, no longer read
+  EXPECT_EQ(v().SubLevel[3], subLevel);                  // stale, no longer read
   EXPECT_EQ(console().windows.find("Config"), nullptr);  // APPLY unloads it
 
   struct Case {
