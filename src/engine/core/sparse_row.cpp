@@ -208,11 +208,6 @@ void SparseRow::removeOther(int16_t column) {
 
 // ---- The cell ----
 
-bool SparseRow::filled(int16_t column) const {
-  uint8_t level;
-  return levelAt(column, level) || find(column) != nullptr;
-}
-
 Value SparseRow::get(int16_t column) const {
   uint8_t level;
   if (levelAt(column, level)) return level;

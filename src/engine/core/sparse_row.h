@@ -30,7 +30,10 @@ class SparseRow {
   static constexpr int kBlockWidth = 64;
 
   bool empty() const { return levelCount_ == 0 && !others_; }
-  bool filled(int16_t column) const;
+  bool filled(int16_t column) const {
+    uint8_t level;
+    return levelAt(column, level) || (others_ && find(column));
+  }
   Value get(int16_t column) const;
   // The cell as a number: empty and text that is no number read as 0.
   double number(int16_t column) const;
