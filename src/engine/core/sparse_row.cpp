@@ -45,7 +45,7 @@ void SparseRow::setLevel(int16_t column, uint8_t level) {
   b.level[placeInBlock(column)] = level;
 }
 
-// The last byte cleared gives the blocks back: a wiped cue costs nothing.
+// The last level cleared gives the blocks back: a wiped cue keeps no block.
 void SparseRow::clearLevel(int16_t column) {
   if (!inBlocks(column)) return;
   const Block* found = blockOf(column);

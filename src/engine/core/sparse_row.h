@@ -3,11 +3,11 @@
 //
 // Almost everything a row holds is channel levels: bytes in columns 1..512.
 // They sit densely, a byte a channel, in blocks of 64 channels with a mask
-// of the channels filled; only the blocks between the lowest and the highest
-// filled one exist. Every other filled cell (the cue record's texts, a number
-// of another kind in a channel column, a byte in any other column) sits in a
-// short list sorted by column, its text in one pool of the row. A row with
-// nothing filled holds no memory beyond its own 24 bytes.
+// of the channels filled; the blocks cover the filled channels and grow by
+// doubling toward a new one, and go when the last level is cleared. Every other filled cell (the
+// cue record's texts, a number of another kind in a channel column, a byte in any other column)
+// sits in a short list sorted by column, its text in one pool of the row. A row with nothing filled
+// holds no memory beyond its own 24 bytes.
 //
 // A column is in one place at a time: a byte stored over a text leaves the
 // list for the blocks, and a text stored over a byte the other way round.
@@ -45,37 +45,7 @@ class SparseRow {
   // cell changed. A level into a block the row has, or cleared, is stored
   // right here: a show load and the cue list's sort store hundreds of
   // thousands of them.
-  bool store(int16_t column, const Value& v) {
-    const uint8_t* level = std::get_if<uint8_t>(&v);
-    if (isEmpty(v) && inBlocks(column)) {  // a level cleared, as a wipe does all of them
-      const Block* b = blockOf(column);
-      if (b && (b->mask >> placeInBlock(column) & 1)) {
-        clearLevel(column);
-        return true;
-      }
-      if (!others_) return false;
-    }
-    if (level && inBlocks(column)) {
-      if (Block* b = blockAt(column)) {
-        const int k = placeInBlock(column);
-        const uint64_t bit = uint64_t(1) << k;
-        if (b->mask & bit) {
-          if (b->level[k] == *level) return false;
-          b->level[k] = *level;
-          return true;
-        }
-        if (!others_) {  // else a cell of another kind may sit in this column
-          b->mask |= bit;
-          b->level[k] = *level;
-          ++levelCount_;
-          return true;
-        }
-      }
-    }
-    if (holds(column, v)) return false;
-    set(column, v);
-    return true;
-  }
+  bool store(int16_t column, const Value& v);
 
   // The byte cells of the blocks among columns first..first+count-1 written
   // into out[column - first]; the other places of out are left as they were.
@@ -160,5 +130,37 @@ class SparseRow {
   uint8_t blockCount_ = 0;
   uint16_t levelCount_ = 0;  // filled byte cells in the blocks
 };
+
+inline bool SparseRow::store(int16_t column, const Value& v) {
+  if (inBlocks(column)) {
+    if (isEmpty(v)) {  // a level cleared, as a wipe does all of them
+      const Block* b = blockOf(column);
+      if (b && (b->mask >> placeInBlock(column) & 1)) {
+        clearLevel(column);
+        return true;
+      }
+      if (!others_) return false;
+    } else if (const uint8_t* level = std::get_if<uint8_t>(&v)) {
+      if (Block* b = blockAt(column)) {
+        const int k = placeInBlock(column);
+        const uint64_t bit = uint64_t(1) << k;
+        if (b->mask & bit) {
+          if (b->level[k] == *level) return false;
+          b->level[k] = *level;
+          return true;
+        }
+        if (!others_) {  // else a cell of another kind may sit in this column
+          b->mask |= bit;
+          b->level[k] = *level;
+          ++levelCount_;
+          return true;
+        }
+      }
+    }
+  }
+  if (holds(column, v)) return false;
+  set(column, v);
+  return true;
+}
 
 }  // namespace q
