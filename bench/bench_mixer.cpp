@@ -4,6 +4,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <string>
+
 #include "engine/core/console.h"
 
 namespace {
@@ -67,5 +69,21 @@ void BM_MixDuringFade(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_MixDuringFade);
+
+// Both chasers step on every mix, with every strip at its own level: each
+// mix lifts a new step of each chaser out of its table.
+void BM_MixChasersStepping(benchmark::State& state) {
+  FullLoad load(true);
+  const std::string steps[] = {"1", "2", "3", "4"};
+  int n = 0;
+  for (auto _ : state) {
+    n = (n + 1) % 4;
+    load.c.form1.FxStep[0]->setCaption(steps[n]);
+    load.c.form1.FxStep[1]->setCaption(steps[(n + 2) % 4]);
+    load.c.mixer.MixOutput();
+    benchmark::DoNotOptimize(load.c.v.DMXData.data());
+  }
+}
+BENCHMARK(BM_MixChasersStepping);
 
 }  // namespace

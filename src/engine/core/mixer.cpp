@@ -249,10 +249,17 @@ void Mixer::addChaser(int k, int channels) {
   if (lift.data != &data || lift.version != data.version() || lift.step != row ||
       lift.level != level) {
     const double w = weight(level);
-    for (int ch = 1; ch <= kChannels; ++ch) {
-      // A cell never stored counts as 0; a lift of 0 or less never raises a channel.
-      const double c = std::floor(data.number(row, int16_t(ch)) * w);
-      lift.at[ch - 1] = c > 0 ? (c < 255 ? uint8_t(c) : uint8_t(255)) : uint8_t(0);
+    std::array<uint8_t, kChannels> bytes;
+    if (data.levelBytes(row, 1, kChannels, bytes.data())) {
+      // A step of byte levels, as the editor and the chaser file store them
+      // (an empty cell as 0): a byte times the weight of a byte level stays a byte.
+      for (int i = 0; i < kChannels; ++i) lift.at[i] = uint8_t(floorOf(w * bytes[i]));
+    } else {
+      for (int ch = 1; ch <= kChannels; ++ch) {
+        // A cell never stored counts as 0; a lift of 0 or less never raises a channel.
+        const double c = std::floor(data.number(row, int16_t(ch)) * w);
+        lift.at[ch - 1] = c > 0 ? (c < 255 ? uint8_t(c) : uint8_t(255)) : uint8_t(0);
+      }
     }
     lift.data = &data;
     lift.version = data.version();

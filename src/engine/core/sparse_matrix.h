@@ -2,20 +2,22 @@
 // CSparseMatrix: the table behind the cue list and the two chasers' steps.
 // Cells are addressed by a 16-bit row and column and hold a tagged Value.
 // A cell never stored reads as empty; storing empty clears it. Rows come
-// into being on first store and are never removed; the table keeps no count
-// of rows (the cue list keeps CueCount).
+// into being on first store; a row whose cells were all cleared reads just
+// as one never stored. The table keeps no count of rows (the cue list keeps
+// CueCount).
 //
 // Storage is built for the two hot uses: the mixer reads one chaser step per
 // channel on every mix, and a show load fills thousands of cue rows of 512
-// channels. Rows sit in a direct index by row number; each row keeps a dense
-// run of compact cells for columns 0..1023 and a small map for the rest.
+// channels. Rows sit in pages of 256 rows, each page made on the first
+// store into it; a row keeps its levels a byte a channel and the rare other
+// cells apart (SparseRow). A row with nothing filled holds no memory beyond
+// its place in a page: a wiped or never used cue costs 24 bytes.
 
 #include <array>
 #include <cstdint>
-#include <map>
 #include <memory>
-#include <vector>
 
+#include "engine/core/sparse_row.h"
 #include "engine/core/table_change.h"
 #include "engine/core/value.h"
 
@@ -34,6 +36,11 @@ class CSparseMatrix {
   // The hot read of the mixer: the cell as a number, empty and text as 0.
   double number(int16_t row, int16_t column) const;
   bool cellIsEmpty(int16_t row, int16_t column) const;
+  // The mixer's read of a whole chaser step: the byte cells of columns
+  // first..first+count-1 of a row into out[column - first], 0 for every
+  // other cell. False when one of those cells holds a number of another
+  // kind or a text, which only number() reads right.
+  bool levelBytes(int16_t row, int first, int count, uint8_t* out) const;
   // Grows with every store, so a reader may keep what it derived from the
   // table (the mixer keeps each chaser's current step) until it changes.
   uint64_t version() const { return version_; }
@@ -45,12 +52,11 @@ class CSparseMatrix {
   TableNotifier changes;
 
  private:
-  struct Slot;
-  struct Row;
-  const Slot* slot(int16_t row, int16_t column) const;
-  bool holds(const Slot* s, const std::string* texts, const Value& v) const;
-  static void store(Row& r, int16_t column, const Value& v);
-  std::vector<std::unique_ptr<Row>> rows_;  // indexed by row + 32768
+  static constexpr int kPageRows = 256;
+  using Page = std::array<SparseRow, kPageRows>;
+  const SparseRow* findRow(int16_t row) const;
+
+  std::array<std::unique_ptr<Page>, 65536 / kPageRows> pages_;  // by (row + 32768) / 256
   uint64_t version_ = 0;
 };
 
