@@ -69,8 +69,7 @@ void ChaserEditor::addMenus() {
       {"mnuPaste", "Paste", "mnuEdit", nullptr},
   };
   for (const auto& it : items) {
-    MenuItem& m = add<MenuItem>(it.name, it.caption);
-    m.parent = it.parent;
+    MenuItem& m = addMenu(it.name, it.caption, it.parent);
     if (it.action) m.onClick = [this, a = it.action] { (this->*a)(); };
   }
 }

@@ -1,5 +1,7 @@
 #include "engine/controls/window.h"
 
+#include <stdexcept>
+
 #include "engine/controls/handler_scope.h"
 
 namespace q {
@@ -21,6 +23,19 @@ std::vector<MenuItem*> Window::menuItems() const {
   for (const auto& c : controls_)
     if (auto* m = dynamic_cast<MenuItem*>(c.get())) items.push_back(m);
   return items;
+}
+
+MenuItem& Window::menu(const std::string& name) {
+  auto* m = dynamic_cast<MenuItem*>(registry_.peek(qualified(name)));
+  if (!m) throw std::out_of_range("no menu item " + qualified(name));
+  return *m;
+}
+
+MenuItem& Window::addMenu(const std::string& name, const std::string& caption,
+                          const std::string& parent) {
+  MenuItem& m = add<MenuItem>(name, caption);
+  m.parent = parent.empty() ? "" : qualified(parent);
+  return m;
 }
 
 void Window::setCaption(std::string c) {

@@ -85,10 +85,17 @@ class Window {
   // The window's menu items in the order they were made: the bar's menus
   // (no parent) each followed by their items.
   std::vector<MenuItem*> menuItems() const;
+  // An item of the window's menus by its name within the window; a name
+  // that is no menu item of it is a programming error and throws.
+  MenuItem& menu(const std::string& name);
   // The background of a secondary window, taken from the skin as it loads; -1: the view's.
   int backColor = -1;
 
  protected:
+  // Adds an item to the window's menus: on the menu bar when parent is
+  // empty, else in the menu of that name. Views find the parent menu by its
+  // full name.
+  MenuItem& addMenu(const std::string& name, const std::string& caption, const std::string& parent);
   // Creates a control owned by this window and registers it by its qualified name.
   template <class T, class... Args>
   T& add(const std::string& controlName, Args&&... args) {

@@ -31,14 +31,6 @@ MainWindow::MainWindow(Registry& registry, Scheduler& scheduler)
   buildMenus();
 }
 
-MenuItem& MainWindow::addMenu(const std::string& name, const std::string& caption,
-                              const std::string& parent) {
-  MenuItem& m = add<MenuItem>(name, caption);
-  m.parent = parent;
-  menus_.push_back(&m);
-  return m;
-}
-
 void MainWindow::buildMenus() {
   addMenu("mnuFile", "File", "");
   addMenu("mnuNew", "New (Reset)", "mnuFile");

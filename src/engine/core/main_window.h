@@ -51,8 +51,6 @@ class MainWindow : public Window {
   Scroller& HScroll1;
 
   // Menu bar, in the order the desk shows it.
-  MenuItem& menu(const std::string& name) { return *registry().find<MenuItem>(name); }
-  const std::vector<MenuItem*>& menuBar() const { return menus_; }
   MenuItem& mnuRecent(int i) { return *recent_.at(i); }
   MenuItem& mnuValue(int i) { return *values_.at(i); }
 
@@ -60,7 +58,6 @@ class MainWindow : public Window {
   int heightTwips = 11625;
 
  private:
-  MenuItem& addMenu(const std::string& name, const std::string& caption, const std::string& parent);
   void buildMenus();
 
   std::array<Scroller*, 20> faders_{};
@@ -72,7 +69,6 @@ class MainWindow : public Window {
   std::array<Lamp*, 22> cfgs_{};
   std::array<MenuItem*, 5> recent_{};
   std::array<MenuItem*, 3> values_{};
-  std::vector<MenuItem*> menus_;
 };
 
 }  // namespace q

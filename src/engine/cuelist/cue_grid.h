@@ -47,7 +47,6 @@ class Cuewin : public Window {
   TextBox& txtedit;
   Label& lblTopLeft;
   Lamp& logo;
-  MenuItem& menu(const std::string& name) { return *menus_.at(name); }
   MenuItem& mnuRecent(int i) { return *recent_.at(size_t(i)); }  // 1..4; 0 is the bar above them
 
   // The scroll position and the channel of the cell under the editor.
@@ -92,7 +91,6 @@ class Cuewin : public Window {
 
  private:
   void buildMenus();
-  MenuItem& addMenu(const std::string& name, const std::string& caption, const std::string& parent);
   void wireMenus();
   void wirePanes();
   void setBox(const Control& c, Box b);
@@ -121,7 +119,6 @@ class Cuewin : public Window {
 
   Console& c_;
   CommonDialog CDialog1;
-  std::map<std::string, MenuItem*> menus_;
   std::array<MenuItem*, 5> recent_{};
   std::map<const Control*, Box> boxes_;
   int width_ = kStartWidth, height_ = kStartHeight;

@@ -14,15 +14,6 @@
 
 namespace q {
 
-MenuItem& Cuewin::addMenu(const std::string& name, const std::string& caption,
-                          const std::string& parent) {
-  MenuItem& m = add<MenuItem>(name, caption);
-  // Views build the menus by their items' full names.
-  m.parent = parent.empty() ? "" : qualified(parent);
-  menus_[name] = &m;
-  return m;
-}
-
 void Cuewin::buildMenus() {
   addMenu("mnuFile", "File", "");
   addMenu("mnuNew", "New", "mnuFile");

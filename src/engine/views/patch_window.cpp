@@ -42,20 +42,6 @@ TextBox& PatchWindow::txtPatch(int i) {
   return *txtPatch_[size_t(i)];
 }
 
-MenuItem& PatchWindow::addMenu(const std::string& name, const std::string& caption,
-                               const std::string& parent) {
-  MenuItem& m = add<MenuItem>(name, caption);
-  // Views find the menu an item sits in by its full name.
-  m.parent = parent.empty() ? "" : qualified(parent);
-  return m;
-}
-
-MenuItem& PatchWindow::menu(const std::string& name) {
-  auto* m = dynamic_cast<MenuItem*>(registry().peek(qualified(name)));
-  if (!m) throw std::out_of_range("no menu item " + qualified(name));
-  return *m;
-}
-
 void PatchWindow::buildMenus(const PatchSide& side) {
   addMenu("mnuFile", "File", "");
   addMenu("mnuOpen", side.openCaption, "mnuFile").onClick = [this] { openFile(); };

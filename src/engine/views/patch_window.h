@@ -59,7 +59,6 @@ class PatchWindow : public Window {
   Label& ReverseBtn;
   Label& Channel(int i) { return *channel_.at(size_t(i)); }  // from 0
   TextBox& txtPatch(int i);                                  // from 1
-  MenuItem& menu(const std::string& name);
 
   CommonDialog CDialog;
   int page = 0;
@@ -73,7 +72,6 @@ class PatchWindow : public Window {
   void showPatchOn();
   // "from to last" in Label1.
   void showRange(int first, int last);
-  MenuItem& addMenu(const std::string& name, const std::string& caption, const std::string& parent);
   // What a typed entry can't be is told in one box; the console goes on.
   void refuse(const std::string& why);
 

@@ -54,7 +54,7 @@ Form1::Form1(DeskContext& ctx) : ctx_(ctx) {
   setPalette(dark);
   windows_ = new WindowHost(ctx, this);
   addDeskWindows(*windows_);
-  menus_ = new MenuView(c.form1.menuBar(), menuBar(), this);
+  menus_ = new MenuView(c.form1.menuItems(), menuBar(), this);
   // An item that opens a window the desk cannot show yet stays disabled.
   menus_->mayChoose = [this](const std::string& item) {
     const WindowEntry* w = WindowCatalogue::openedBy(item);

@@ -18,6 +18,7 @@
 #include "gui/desk/desk_player.h"
 #include "gui/desk_fixture.h"
 #include "gui/views/cell_grid_view.h"
+#include "gui/views/menu_view.h"
 #include "gui/views/window_host.h"
 #include "platform/media/gst_media_player.h"
 
@@ -94,6 +95,20 @@ TEST_F(ChaserEditorDesk, TheWindowIsSkinnedAndItsLevelReachesTheChaser) {
   EXPECT_EQ(random->palette().color(QPalette::Window), back);
   random->click();
   EXPECT_EQ(v().FXRandom[0], kTrue);
+}
+
+TEST_F(ChaserEditorDesk, ItsMenusHoldTheirItemsAndNewEmptiesTheChaser) {
+  desk();
+  control("btnFXConfig(0)").click();
+  ASSERT_NE(editor(), nullptr);
+  auto* menus = editor()->findChild<gui::MenuView*>();
+  ASSERT_NE(menus, nullptr);
+  for (const char* item :
+       {"mnuNew", "mnuOpen", "mnuSaveAs", "mnuInsert", "mnuClear", "mnuClearAll"})
+    EXPECT_NE(menus->action(std::string("FX1Config.") + item), nullptr) << item;
+  v().FXStepCount[0] = 3;
+  menus->action("FX1Config.mnuNew")->trigger();
+  EXPECT_EQ(v().FXStepCount[0], 0);
 }
 
 // Made before the console and gone after it: the console holds it as WMP(0).
