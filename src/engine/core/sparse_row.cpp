@@ -100,18 +100,7 @@ Value SparseRow::valueOf(const Other& o) const {
   }
 }
 
-double SparseRow::numberIn(const Other& o) const {
-  switch (o.kind) {
-    case kByte:
-      return o.b;
-    case kInt16:
-      return o.i;
-    case kDouble:
-      return o.d;
-    default:
-      return numberOr0(Value(std::string(textOf(o))));
-  }
-}
+double SparseRow::numberIn(const Other& o) const { return numberOr0(valueOf(o)); }
 
 bool SparseRow::othersIn(int first, int last) const {
   if (!others_) return false;

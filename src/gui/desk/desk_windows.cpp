@@ -9,20 +9,7 @@
 #include "engine/core/console.h"
 #include "gui/desk/program_pages.h"
 #include "gui/views/window_host.h"
-#include "gui/windows/about_window.h"
-#include "gui/windows/channels_window.h"
-#include "gui/windows/chaser_editor_window.h"
-#include "gui/windows/cue_list_window.h"
-#include "gui/windows/cue_properties_window.h"
-#include "gui/windows/fader_config_window.h"
-#include "gui/windows/interface_setup_window.h"
-#include "gui/windows/keypad_window.h"
-#include "gui/windows/matrix_window.h"
-#include "gui/windows/midi_setup_window.h"
-#include "gui/windows/patch_windows.h"
-#include "gui/windows/simple_window.h"
-#include "gui/windows/special_cue_window.h"
-#include "gui/windows/xy_window.h"
+#include "gui/windows/window_builders.h"
 
 namespace q::gui {
 

@@ -18,7 +18,7 @@ QColor rgb(int v) { return QColor::fromRgb(QRgb(0xFF000000u | unsigned(v))); }
 }  // namespace
 
 CellGridView::CellGridView(CellGrid& model, double scale, QWidget* parent)
-    : QWidget(parent), mouse_(1 / scale), scale_(scale) {
+    : ControlWidget(parent, 1 / scale), scale_(scale) {
   setObjectName(QString::fromStdString(model.name()));
   setAttribute(Qt::WA_OpaquePaintEvent);
   binding_.bind(&model, [this] { syncFromModel(); });
@@ -165,22 +165,6 @@ void CellGridView::drawPlaced(QPainter& p, const QRect& place, const QString& te
     return;
   }
   p.drawText(place, Qt::AlignLeft | Qt::AlignTop, text);
-}
-
-void CellGridView::mousePressEvent(QMouseEvent* e) {
-  if (CellGrid* m = model()) mouse_.press(*m, *e);
-}
-
-void CellGridView::mouseReleaseEvent(QMouseEvent* e) {
-  if (CellGrid* m = model()) mouse_.release(*m, *e, *this);
-}
-
-void CellGridView::mouseDoubleClickEvent(QMouseEvent* e) {
-  if (CellGrid* m = model()) mouse_.doubleClick(*m, *e);
-}
-
-void CellGridView::mouseMoveEvent(QMouseEvent* e) {
-  if (CellGrid* m = model(); m && m->onMouseMove) mouse_.move(*m, *e);
 }
 
 void CellGridView::wheelEvent(QWheelEvent* e) {

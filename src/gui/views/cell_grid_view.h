@@ -8,8 +8,7 @@
 #include <QStaticText>
 #include <QWidget>
 
-#include "gui/views/control_events.h"
-#include "gui/views/view_binding.h"
+#include "gui/views/control_widget.h"
 
 namespace q {
 class CellGrid;
@@ -18,7 +17,7 @@ struct TableChange;
 
 namespace q::gui {
 
-class CellGridView : public QWidget {
+class CellGridView : public ControlWidget {
   Q_OBJECT
  public:
   // scale: pixels per window unit.
@@ -29,16 +28,11 @@ class CellGridView : public QWidget {
   void setScale(double scale);
   // The pixel rectangle of a cell.
   QRect cellRect(int row, int column) const;
-  MouseForwarder& mouse() { return mouse_; }
   // How many cells the last repaint drew (for the measurements).
   int cellsPainted() const { return painted_; }
 
  protected:
   void paintEvent(QPaintEvent* e) override;
-  void mousePressEvent(QMouseEvent* e) override;
-  void mouseReleaseEvent(QMouseEvent* e) override;
-  void mouseDoubleClickEvent(QMouseEvent* e) override;
-  void mouseMoveEvent(QMouseEvent* e) override;
   void wheelEvent(QWheelEvent* e) override;
 
  private:
@@ -46,8 +40,6 @@ class CellGridView : public QWidget {
   void syncFromModel();
   void drawPlaced(QPainter& p, const QRect& place, const QString& text, bool bold);
 
-  ViewBinding binding_;
-  MouseForwarder mouse_;
   double scale_;
   int cellsListener_ = 0;
   int painted_ = 0;

@@ -9,7 +9,7 @@
 
 namespace q::gui {
 
-LabelView::LabelView(Label* model, QWidget* parent) : QWidget(parent) {
+LabelView::LabelView(Label* model, QWidget* parent) : ControlWidget(parent) {
   if (model) setObjectName(QString::fromStdString(model->name()));
   const bool takesMouse = model && model->takesMouse();
   if (!takesMouse) setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -43,34 +43,6 @@ void LabelView::paintEvent(QPaintEvent*) {
   const int pad = padding();
   const int wrap = wordWrap ? int(Qt::TextWordWrap) : 0;
   p.drawText(rect().adjusted(pad, 0, -pad, 0), int(alignment) | wrap, text());
-}
-
-void LabelView::mousePressEvent(QMouseEvent* e) {
-  if (Label* m = model()) mouse_.press(*m, *e);
-}
-
-void LabelView::mouseReleaseEvent(QMouseEvent* e) {
-  if (Label* m = model()) mouse_.release(*m, *e, *this);
-}
-
-void LabelView::mouseDoubleClickEvent(QMouseEvent* e) {
-  if (Label* m = model()) mouse_.doubleClick(*m, *e);
-}
-
-void LabelView::mouseMoveEvent(QMouseEvent* e) {
-  if (Label* m = model(); m && m->onMouseMove) mouse_.move(*m, *e);
-}
-
-void LabelView::dragEnterEvent(QDragEnterEvent* e) {
-  if (!droppedFile(e->mimeData()).empty()) e->acceptProposedAction();
-}
-
-void LabelView::dropEvent(QDropEvent* e) {
-  const std::string path = droppedFile(e->mimeData());
-  Label* m = model();
-  if (path.empty() || !m) return;
-  m->drop(path, MouseButton::Left);
-  e->acceptProposedAction();
 }
 
 FrameView::FrameView(Label& model, QWidget* parent) : QGroupBox(parent) {

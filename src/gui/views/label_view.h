@@ -10,8 +10,7 @@
 #include <QPushButton>
 #include <QWidget>
 
-#include "gui/views/control_events.h"
-#include "gui/views/view_binding.h"
+#include "gui/views/control_widget.h"
 
 namespace q {
 class Label;
@@ -19,7 +18,7 @@ class Label;
 
 namespace q::gui {
 
-class LabelView : public QWidget {
+class LabelView : public ControlWidget {
   Q_OBJECT
  public:
   LabelView(Label* model, QWidget* parent);
@@ -27,7 +26,6 @@ class LabelView : public QWidget {
   Label* model() const;
   // The caption as painted (the model's, or "" once it is gone).
   virtual QString text() const;
-  MouseForwarder& mouse() { return mouse_; }
 
   Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
   QColor foreground{0xD8, 0xDC, 0xE4};
@@ -41,15 +39,6 @@ class LabelView : public QWidget {
   virtual QFont textFont() const { return font(); }
   virtual int padding() const { return 0; }
   virtual void syncFromModel();
-  void mousePressEvent(QMouseEvent* e) override;
-  void mouseReleaseEvent(QMouseEvent* e) override;
-  void mouseDoubleClickEvent(QMouseEvent* e) override;
-  void mouseMoveEvent(QMouseEvent* e) override;
-  void dragEnterEvent(QDragEnterEvent* e) override;
-  void dropEvent(QDropEvent* e) override;
-
-  ViewBinding binding_;
-  MouseForwarder mouse_;
 };
 
 class FrameView : public QGroupBox {

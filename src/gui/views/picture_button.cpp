@@ -10,7 +10,7 @@
 namespace q::gui {
 
 PictureButton::PictureButton(Control* model, Source source, QWidget* parent)
-    : QWidget(parent), source_(std::move(source)) {
+    : ControlWidget(parent), source_(std::move(source)) {
   if (model) setObjectName(QString::fromStdString(model->name()));
   const bool takesMouse = model && model->takesMouse();
   if (!takesMouse) setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -45,33 +45,9 @@ void PictureButton::paintFace(QPainter& p) {
   if (!pm.isNull()) p.drawPixmap(rect(), pm);
 }
 
-void PictureButton::mousePressEvent(QMouseEvent* e) {
-  if (Control* c = model()) mouse_.press(*c, *e);
-}
-
-void PictureButton::mouseReleaseEvent(QMouseEvent* e) {
-  if (Control* c = model()) mouse_.release(*c, *e, *this);
-}
-
-void PictureButton::mouseDoubleClickEvent(QMouseEvent* e) {
-  if (Control* c = model()) mouse_.doubleClick(*c, *e);
-}
-
-void PictureButton::mouseMoveEvent(QMouseEvent* e) {
-  if (Control* c = model(); c && c->onMouseMove) mouse_.move(*c, *e);
-}
-
-void PictureButton::dragEnterEvent(QDragEnterEvent* e) {
-  if (!droppedFile(e->mimeData()).empty()) e->acceptProposedAction();
-}
-
-void PictureButton::dropEvent(QDropEvent* e) {
-  const std::string path = droppedFile(e->mimeData());
-  Control* c = model();
-  if (path.empty() || !c) return;
-  const int b = consoleButton(Qt::MouseButton(int(e->buttons())));
-  c->drop(path, b ? MouseButton(b) : MouseButton::Left);
-  e->acceptProposedAction();
+MouseButton PictureButton::dropButton(const QDropEvent& e) const {
+  const int b = consoleButton(Qt::MouseButton(int(e.buttons())));
+  return b ? MouseButton(b) : MouseButton::Left;
 }
 
 }  // namespace q::gui

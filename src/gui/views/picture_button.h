@@ -9,12 +9,11 @@
 #include <QWidget>
 #include <functional>
 
-#include "gui/views/control_events.h"
-#include "gui/views/view_binding.h"
+#include "gui/views/control_widget.h"
 
 namespace q::gui {
 
-class PictureButton : public QWidget {
+class PictureButton : public ControlWidget {
   Q_OBJECT
  public:
   // The picture of a name at a size; a null pixmap draws nothing.
@@ -23,24 +22,17 @@ class PictureButton : public QWidget {
   // model may be null: the face is then drawn and nothing else happens.
   PictureButton(Control* model, Source source, QWidget* parent);
 
-  Control* model() const { return binding_.control(); }
-  MouseForwarder& mouse() { return mouse_; }
+  Control* model() const { return control(); }
 
  protected:
   void paintEvent(QPaintEvent*) override;
   // The picture the control names; a variant may draw more over it.
   virtual void paintFace(QPainter& p);
   virtual void syncFromModel();
-  void mousePressEvent(QMouseEvent* e) override;
-  void mouseReleaseEvent(QMouseEvent* e) override;
-  void mouseDoubleClickEvent(QMouseEvent* e) override;
-  void mouseMoveEvent(QMouseEvent* e) override;
-  void dragEnterEvent(QDragEnterEvent* e) override;
-  void dropEvent(QDropEvent* e) override;
+  // The button held as the file is let go, else the left.
+  MouseButton dropButton(const QDropEvent& e) const override;
 
   Source source_;
-  ViewBinding binding_;
-  MouseForwarder mouse_;
 };
 
 }  // namespace q::gui

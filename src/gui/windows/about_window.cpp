@@ -1,7 +1,7 @@
 // frmAbout: the console's name and version, a link to its documentation, and
 // the machine it runs on on request.
 
-#include "gui/windows/about_window.h"
+#include "gui/windows/window_builders.h"
 
 #include "engine/look/about_window.h"
 #include "gui/views/label_view.h"

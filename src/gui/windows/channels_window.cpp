@@ -3,7 +3,7 @@
 // page keys along the bottom. The faders wear the track of the desk's first
 // strip and its first knob, so the panel reads as a wing of the desk.
 
-#include "gui/windows/channels_window.h"
+#include "gui/windows/window_builders.h"
 
 #include <QMouseEvent>
 #include <QPainter>

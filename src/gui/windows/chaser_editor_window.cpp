@@ -4,7 +4,7 @@
 // over it. Beside the grid the selected cell's fader and flash, and the
 // chaser's level and speed on the skin's master faders.
 
-#include "gui/windows/chaser_editor_window.h"
+#include "gui/windows/window_builders.h"
 
 #include <QLabel>
 #include <QMenuBar>

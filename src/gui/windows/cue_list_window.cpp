@@ -3,7 +3,7 @@
 // The window may be sized by the operator; the console's resize rule places
 // the panes, and the view only follows. The wheel scrolls the rows.
 
-#include "gui/windows/cue_list_window.h"
+#include "gui/windows/window_builders.h"
 
 #include <QFocusEvent>
 #include <QLabel>

@@ -3,7 +3,7 @@
 // the players' groups on the right, OK and Cancel under them. The play, pause and
 // stop buttons draw their own signs, lit in amber while their action is set.
 
-#include "gui/windows/cue_properties_window.h"
+#include "gui/windows/window_builders.h"
 
 #include <QLabel>
 #include <QPainter>

@@ -2,7 +2,7 @@
 // controller, its tooltip, and its knob chosen by colour and shape, painted
 // from the skin's knob pictures. APPLY commits and closes.
 
-#include "gui/windows/fader_config_window.h"
+#include "gui/windows/window_builders.h"
 
 #include <QLabel>
 #include <QPainter>

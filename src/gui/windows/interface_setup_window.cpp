@@ -3,7 +3,7 @@
 // and timing loops of the parallel-port adapters. Its frames and labels take
 // the skin's background colour.
 
-#include "gui/windows/interface_setup_window.h"
+#include "gui/windows/window_builders.h"
 
 #include <QPainter>
 

@@ -2,7 +2,7 @@
 // touch screen, kept on top of the desk. Each key shows its pressed picture
 // while it is held; the keys type into the command line.
 
-#include "gui/windows/keypad_window.h"
+#include "gui/windows/window_builders.h"
 
 #include <QPainter>
 

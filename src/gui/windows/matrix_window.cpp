@@ -3,7 +3,7 @@
 // only puts the parts there, tells the model the window's size and state,
 // and selects the whole text of the cell editor when it opens.
 
-#include "gui/windows/matrix_window.h"
+#include "gui/windows/window_builders.h"
 
 #include <QEvent>
 #include <QMetaObject>

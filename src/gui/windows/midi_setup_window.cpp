@@ -2,7 +2,7 @@
 // the controllers of the grand master, the crossfader and the twenty strips,
 // and the quick presets of common desks. Nothing takes effect before OK.
 
-#include "gui/windows/midi_setup_window.h"
+#include "gui/windows/window_builders.h"
 
 #include <QGroupBox>
 #include <QLabel>

@@ -3,7 +3,7 @@
 // them, "Use DMX patch" and the turn to the twin. The twin opens where this
 // window stood.
 
-#include "gui/windows/patch_windows.h"
+#include "gui/windows/window_builders.h"
 
 #include <QEvent>
 #include <QMenuBar>

@@ -4,6 +4,7 @@
 // channel. Folded, the window keeps only the top, and the wheel still works.
 
 #include "gui/windows/simple_window.h"
+#include "gui/windows/window_builders.h"
 
 #include <QLabel>
 #include <QLinearGradient>

@@ -1,5 +1,5 @@
 #pragma once
-// Simple, the simple view: a cell per channel in use, the selection and the wheel.
+// Simple, the simple view: the cells of the column under edit, one widget painting them all.
 
 #include <QColor>
 #include <QFont>
@@ -15,15 +15,9 @@
 
 namespace q {
 class Simple;
-class Window;
 }  // namespace q
 
 namespace q::gui {
-
-class FormView;
-class WindowHost;
-
-FormView* buildSimpleWindow(WindowHost& host, Window& model);
 
 // The grid of cells, Canal(1) to Canal(512), thirty a row, painted by one
 // widget: a wheel turn with every channel selected changes every caption at

@@ -2,7 +2,7 @@
 // content with its browse button, over OK and Cancel. It opens modal over
 // the desk, which goes on running behind it.
 
-#include "gui/windows/special_cue_window.h"
+#include "gui/windows/window_builders.h"
 
 #include "engine/cuelist/special_cue.h"
 #include "gui/views/choice_views.h"

@@ -1,7 +1,7 @@
 // Mobile, the X/Y control: the pad on top, and under it each axis with its
 // value and the target it drives.
 
-#include "gui/windows/xy_window.h"
+#include "gui/windows/window_builders.h"
 
 #include <QLabel>
 
