@@ -15,6 +15,8 @@
 #include "engine/playback/cue_record.h"
 #include "gui/views/cell_grid_view.h"
 
+#include "full_cue_list.h"
+
 namespace {
 
 constexpr int kCues = 1000;
@@ -27,16 +29,7 @@ struct Desk {
   QImage image;
 
   Desk() {
-    q::Variables& v = c.v;
-    v.MaxChans = 512;
-    for (int row = 1; row <= kCues; ++row) {
-      const auto r = int16_t(row);
-      v.Cues.setCell(r, q::cue::kNumber, std::to_string(row));
-      v.Cues.setCell(r, q::cue::kName, "Cue number " + std::to_string(row));
-      for (int ch = 1; ch <= q::kChannels; ++ch)
-        v.Cues.setCell(r, int16_t(ch), uint8_t((row * 7 + ch * 13) % 255 + 1));
-    }
-    v.CueCount = kCues;
+    fillFullList(c, kCues, false);
     w = &c.windows.load<q::Cuewin>("Cuewin");
     w->resize(33500, 16900);
     pane = std::make_unique<q::gui::CellGridView>(w->Picture1, kZoom1, nullptr);

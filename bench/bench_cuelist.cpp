@@ -10,30 +10,15 @@
 #include "engine/cuelist/cue_sort.h"
 #include "engine/playback/cue_record.h"
 
+#include "full_cue_list.h"
+
 namespace {
 
 constexpr int kCues = 1000;
 
-// Numbers in a shuffled order, a few of them equal, so the sort has work to do.
-void fillList(q::Console& c) {
-  q::Variables& v = c.v;
-  v.MaxChans = 512;
-  for (int row = 1; row <= kCues; ++row) {
-    const auto r = int16_t(row);
-    v.Cues.setCell(r, q::cue::kNumber, std::to_string((row * 389) % kCues + 1));
-    v.Cues.setCell(r, q::cue::kFunction, std::string("1"));
-    for (int col = q::cue::kWaitUp; col <= q::cue::kDownTime; ++col)
-      v.Cues.setCell(r, int16_t(col), std::string("25"));
-    v.Cues.setCell(r, q::cue::kName, "Cue number " + std::to_string(row));
-    for (int ch = 1; ch <= q::kChannels; ++ch)
-      v.Cues.setCell(r, int16_t(ch), uint8_t((row * 7 + ch * 13) % 255 + 1));
-  }
-  v.CueCount = kCues;
-}
-
 void BM_SortCues1000x512(benchmark::State& state) {
   q::Console c{q::ConsoleHost{}};
-  fillList(c);
+  fillFullList(c, kCues, true);
   // Each sort takes every copy again, so every round does the whole work.
   for (auto _ : state) q::SortCues(c.v);
   if (c.v.Cues.number(1, q::cue::kNumber) != 1) state.SkipWithError("not sorted");
@@ -49,7 +34,7 @@ q::Cuewin& bigWindow(q::Console& c) {
 
 void BM_CellsOfAFullLevelPane(benchmark::State& state) {
   q::Console c{q::ConsoleHost{}};
-  fillList(c);
+  fillFullList(c, kCues, true);
   q::Cuewin& w = bigWindow(c);
   size_t chars = 0;
   for (auto _ : state)
@@ -63,7 +48,7 @@ BENCHMARK(BM_CellsOfAFullLevelPane)->Unit(benchmark::kMicrosecond);
 
 void BM_ScrollOnePage(benchmark::State& state) {
   q::Console c{q::ConsoleHost{}};
-  fillList(c);
+  fillFullList(c, kCues, true);
   q::Cuewin& w = bigWindow(c);
   int top = 1;
   for (auto _ : state) {

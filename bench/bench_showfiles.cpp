@@ -4,6 +4,7 @@
 // growth on the first load of the process is reported as TableMB.
 
 #include <benchmark/benchmark.h>
+
 #include <unistd.h>
 
 #include <filesystem>
@@ -12,6 +13,8 @@
 #include "engine/core/console.h"
 #include "engine/playback/cue_record.h"
 #include "engine/showfiles/show_formats.h"
+
+#include "full_cue_list.h"
 
 namespace {
 
@@ -25,22 +28,6 @@ double residentMB() {
   long pages = 0, resident = 0;
   std::ifstream("/proc/self/statm") >> pages >> resident;
   return double(resident) * double(sysconf(_SC_PAGESIZE)) / (1024.0 * 1024.0);
-}
-
-void fillList(q::Console& c, int cues) {
-  q::Variables& v = c.v;
-  v.MaxChans = 512;
-  for (int row = 1; row <= cues; ++row) {
-    const auto r = int16_t(row);
-    v.Cues.setCell(r, q::cue::kNumber, std::to_string(row));
-    v.Cues.setCell(r, q::cue::kFunction, std::string("1"));
-    for (int col = q::cue::kWaitUp; col <= q::cue::kDownTime; ++col)
-      v.Cues.setCell(r, int16_t(col), std::string("25"));
-    v.Cues.setCell(r, q::cue::kName, "Cue number " + std::to_string(row));
-    for (int ch = 1; ch <= q::kChannels; ++ch)
-      v.Cues.setCell(r, int16_t(ch), uint8_t((row * 7 + ch * 13) % 255 + 1));
-  }
-  v.CueCount = int16_t(cues);
 }
 
 // Written by hand, so that no table was ever built in this process.
@@ -78,7 +65,7 @@ BENCHMARK(BM_LoadCueList)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 void BM_SaveCueList(benchmark::State& state) {
   const int cues = int(state.range(0));
   q::Console c{q::ConsoleHost{}};
-  fillList(c, cues);
+  fillFullList(c, cues, false);
   const std::string file = benchFile();
   for (auto _ : state) q::SaveCueList(c, file);
   state.counters["FileMB"] = double(std::filesystem::file_size(file)) / (1024.0 * 1024.0);

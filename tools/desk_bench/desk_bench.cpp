@@ -33,41 +33,18 @@ namespace {
 
 using namespace probe;
 
-struct Options {
-  int olaPort = 9010;
-  unsigned universe = 1;
-  int listen = 9000;
+struct Options : DeskOptions {
   int idleSeconds = 60;
   int moveSeconds = 10;
   int moves = 200;
   std::vector<std::string> before;
-  std::vector<char*> desk;
 };
 
 bool parse(int argc, char** argv, Options& o) {
-  for (int i = 1; i < argc; ++i) {
-    const std::string a = argv[i];
-    auto next = [&]() { return i + 1 < argc ? std::atoi(argv[++i]) : 0; };
-    if (a == "--ola-port")
-      o.olaPort = next();
-    else if (a == "--universe")
-      o.universe = unsigned(next());
-    else if (a == "--listen")
-      o.listen = next();
-    else if (a == "--idle")
-      o.idleSeconds = next();
-    else if (a == "--move-seconds")
-      o.moveSeconds = next();
-    else if (a == "--moves")
-      o.moves = next();
-    else if (a == "--before" && i + 1 < argc)
-      o.before.push_back(argv[++i]);
-    else if (a == "--") {
-      for (++i; i < argc; ++i) o.desk.push_back(argv[i]);
-    } else
-      return false;
-  }
-  return !o.desk.empty();
+  return parseOptions(
+      argc, argv, o,
+      {{"--idle", &o.idleSeconds}, {"--move-seconds", &o.moveSeconds}, {"--moves", &o.moves}},
+      "--before", &o.before);
 }
 
 void verdict(const char* what, double value, double limit, const char* unit) {
@@ -87,7 +64,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   OlaProbe b;
-  if (!b.connect(o.olaPort, o.universe)) {
+  if (!b.connect(o.olaPort, unsigned(o.universe))) {
     std::fprintf(stderr, "desk_bench: no olad on port %d\n", o.olaPort);
     return 1;
   }

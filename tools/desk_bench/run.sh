@@ -18,23 +18,8 @@ idle=${2:-60}
 continuous=0
 [ "${3:-}" = continuous ] && continuous=1
 shift $(($# < 3 ? $# : 3))
-root=$(cd "$(dirname "$0")/../.." && pwd)
-quintara=$build/src/quintara
-bench=$build/tools/desk_bench/desk_bench
-readback=$build/tools/ola_readback
-for f in "$quintara" "$bench" "$readback"; do [ -x "$f" ] || { echo "missing $f: build it first"; exit 1; }; done
-
-. "$root/tools/ola_readback/private_olad.sh"
-make_olad_workdir quintara-bench
-start_private_olad "$work" "$readback" || { echo "could not start a private olad"; exit 1; }
-listen=$((40000 + RANDOM % 10000))
-
-home="$work/home"
-mkdir -p "$home"
-printf '[Setup]\r\nInterface=10\r\nOlaUniverse=1\r\nOlaPort=%s\r\nDMXRate=25\r\nContinuousOutput=%s\r\nMaxChans=%s\r\n' \
-  "$ola_port" "$continuous" "${BENCH_MAXCHANS:-128}" \
-  >"$home/Quintara.INI"
-cd "$root/examples"
+. "$(dirname "$0")/../desk_probe/desk_session.sh"
+start_desk_session quintara-bench "$build" desk_bench/desk_bench "$continuous" "${BENCH_MAXCHANS:-128}"
 xvfb-run -a -s "-screen 0 1920x1080x24" \
-  "$bench" --ola-port "$ola_port" --listen "$listen" --idle "$idle" "$@" -- \
+  "$tool" --ola-port "$ola_port" --listen "$listen" --idle "$idle" "$@" -- \
   "$quintara" --home "$home" -nosplash --listen "$listen" demo.qsh

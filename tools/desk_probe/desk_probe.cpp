@@ -117,6 +117,30 @@ void Remote::drain() {
   }
 }
 
+bool parseOptions(int argc, char** argv, DeskOptions& desk, std::vector<NumberOption> numbers,
+                  const char* textOption, std::vector<std::string>* texts) {
+  numbers.push_back({"--ola-port", &desk.olaPort});
+  numbers.push_back({"--universe", &desk.universe});
+  numbers.push_back({"--listen", &desk.listen});
+  for (int i = 1; i < argc; ++i) {
+    const std::string a = argv[i];
+    if (a == "--") {
+      desk.desk.assign(argv + i + 1, argv + argc);
+      break;
+    }
+    if (i + 1 >= argc) return false;
+    if (textOption && texts && a == textOption) {
+      texts->push_back(argv[++i]);
+      continue;
+    }
+    auto n = std::find_if(numbers.begin(), numbers.end(),
+                          [&](const NumberOption& o) { return a == o.name; });
+    if (n == numbers.end()) return false;
+    *n->value = std::atoi(argv[++i]);
+  }
+  return !desk.desk.empty();
+}
+
 ProcStat readProc(pid_t pid) {
   ProcStat s;
   std::ifstream stat("/proc/" + std::to_string(pid) + "/stat");

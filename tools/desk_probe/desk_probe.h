@@ -78,6 +78,25 @@ class Remote {
   int fd_ = -1;
 };
 
+// Where a measuring tool finds olad and the desk, and the desk's own command
+// line (everything after "--").
+struct DeskOptions {
+  int olaPort = 9010;
+  int universe = 1;
+  int listen = 9000;
+  std::vector<char*> desk;
+};
+// A number option of a tool: --name N.
+struct NumberOption {
+  const char* name;
+  int* value;
+};
+// Reads --ola-port, --universe, --listen, the tool's own number options, a
+// repeatable text option if the tool has one, and the desk's command line.
+// False on a word it does not know or without a desk to start.
+bool parseOptions(int argc, char** argv, DeskOptions& desk, std::vector<NumberOption> numbers,
+                  const char* textOption = nullptr, std::vector<std::string>* texts = nullptr);
+
 struct ProcStat {
   double cpuSeconds = 0;
   long rssKb = 0, hwmKb = 0;

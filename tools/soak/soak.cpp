@@ -25,41 +25,20 @@ namespace {
 
 using namespace probe;
 
-struct Options {
-  int olaPort = 9010;
-  unsigned universe = 1;
-  int listen = 9000;
+struct Options : DeskOptions {
   int minutes = 60;
   int rateMs = 25;
   int goSeconds = 4;
   int midiPerSecond = 500;
-  std::vector<char*> desk;
 };
 
 bool parse(int argc, char** argv, Options& o) {
-  for (int i = 1; i < argc; ++i) {
-    const std::string a = argv[i];
-    auto next = [&]() { return i + 1 < argc ? std::atoi(argv[++i]) : 0; };
-    if (a == "--ola-port")
-      o.olaPort = next();
-    else if (a == "--universe")
-      o.universe = unsigned(next());
-    else if (a == "--listen")
-      o.listen = next();
-    else if (a == "--minutes")
-      o.minutes = next();
-    else if (a == "--rate")
-      o.rateMs = next();
-    else if (a == "--go-seconds")
-      o.goSeconds = next();
-    else if (a == "--midi-per-second")
-      o.midiPerSecond = next();
-    else if (a == "--") {
-      for (++i; i < argc; ++i) o.desk.push_back(argv[i]);
-    } else
-      return false;
-  }
-  return !o.desk.empty() && o.minutes > 0 && o.rateMs > 0;
+  return parseOptions(argc, argv, o,
+                      {{"--minutes", &o.minutes},
+                       {"--rate", &o.rateMs},
+                       {"--go-seconds", &o.goSeconds},
+                       {"--midi-per-second", &o.midiPerSecond}}) &&
+         o.minutes > 0 && o.rateMs > 0;
 }
 
 // What one minute of the night looked like.
@@ -140,7 +119,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   OlaProbe b;
-  if (!b.connect(o.olaPort, o.universe)) {
+  if (!b.connect(o.olaPort, unsigned(o.universe))) {
     std::fprintf(stderr, "soak: no olad on port %d\n", o.olaPort);
     return 1;
   }
