@@ -11,7 +11,6 @@
 #include <QPointer>
 #include <QScopeGuard>
 #include <QSocketNotifier>
-#include <QStatusBar>
 #include <QTimer>
 #include <csignal>
 #include <cstdio>
@@ -102,12 +101,10 @@ int saveScreenshot(QWidget& widget, const std::string& file) {
 }
 
 // Said once on the desk's status line, which stays hidden on a machine that lacks nothing.
-void tellMissingServices(QMainWindow& form, const ServicesFound& found) {
-  const std::vector<std::string> news = missingServiceNews(found);
-  if (news.empty()) return;
+void tellMissingServices(gui::Form1& form, const ServicesFound& found) {
   QStringList lines;
-  for (const std::string& line : news) lines << QString::fromStdString(line);
-  form.statusBar()->showMessage(lines.join(QStringLiteral("   ")));
+  for (const std::string& line : missingServiceNews(found)) lines << QString::fromStdString(line);
+  form.showNotices(lines);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QWheelEvent>
 
 #include "desk_fixture.h"
@@ -272,6 +274,20 @@ TEST_F(DeskTest, TheDeskScalesAsAWhole) {
   form->setZoomOverride(2);
   EXPECT_EQ(fader->geometry(), QRect(at1.topLeft() * 2, at1.size() * 2));
   EXPECT_EQ(desk().desk().size(), QSize(look::kDeskWidth * 2, look::kDeskHeight * 2));
+}
+
+TEST_F(DeskTest, NoticesUnderTheDeskGrowTheWindowAndLeaveTheDeskWhole) {
+  desk();
+  form->show();
+  form->setZoomOverride(1);
+  const int before = form->height();
+  form->showNotices({"No MIDI here.", "No sound here."});
+  ASSERT_NE(form->findChild<QStatusBar*>(), nullptr);
+  auto* line = form->findChild<QStatusBar*>()->findChild<QLabel*>();
+  ASSERT_NE(line, nullptr);
+  EXPECT_EQ(line->text(), "No MIDI here.\nNo sound here.");
+  EXPECT_GE(form->height() - before, 2 * line->fontMetrics().height());
+  EXPECT_EQ(desk().desk().size(), QSize(look::kDeskWidth, look::kDeskHeight));
 }
 
 TEST_F(DeskTest, WithTheAutomaticZoomTheDeskFollowsTheWindow) {

@@ -5,12 +5,14 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
+#include <QStatusBar>
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
@@ -111,8 +113,8 @@ double Form1::fittingZoom() const {
   const QScreen* s = screen() ? screen() : QGuiApplication::primaryScreen();
   if (!s) return 1;
   const QRect avail = s->availableGeometry();
-  // Room for the title bar and the menu bar.
-  const int chrome = 40 + menuBar()->sizeHint().height();
+  // Room for the title bar, the menu bar and any notices.
+  const int chrome = 40 + chromeHeight();
   const double z = std::min(double(avail.width() - 8) / look::kDeskWidth,
                             double(avail.height() - chrome) / look::kDeskHeight);
   return std::clamp(std::floor(z * 20) / 20, Look::kMinZoom, Look::kMaxZoom);
@@ -127,8 +129,20 @@ void Form1::applyZoom() {
   const double wanted = zoomOverride_ > 0 ? zoomOverride_ : ctx_.console.look.zoom();
   ctx_.setZoom(wanted > 0 ? wanted : fittingZoom());
   desk_->relayout();
-  if (!isMaximized() && !isFullScreen())
-    resize(desk_->width(), desk_->height() + menuBar()->sizeHint().height());
+  if (!isMaximized() && !isFullScreen()) resize(desk_->width(), desk_->height() + chromeHeight());
+}
+
+int Form1::chromeHeight() const {
+  const auto* status = findChild<QStatusBar*>(QString(), Qt::FindDirectChildrenOnly);
+  const int notices = status && !status->isHidden() ? status->sizeHint().height() : 0;
+  return menuBar()->sizeHint().height() + notices;
+}
+
+void Form1::showNotices(const QStringList& lines) {
+  if (lines.isEmpty()) return;
+  statusBar()->addWidget(new QLabel(lines.join(QLatin1Char('\n'))), 1);
+  statusBar()->show();  // made after the window was shown, it would stay hidden
+  applyZoom();
 }
 
 void Form1::resizeEvent(QResizeEvent* e) {

@@ -4,6 +4,7 @@
 // console's start-up skins it and closes only when the console says so.
 
 #include <QMainWindow>
+#include <QStringList>
 #include <memory>
 
 #include "gui/desk/desk_context.h"
@@ -32,12 +33,17 @@ class Form1 : public QMainWindow {
   void applyZoom();
   // A zoom given on the command line, over the setting (0: none).
   void setZoomOverride(double z);
+  // What the machine lacks, said once on a line under the desk, a line
+  // each; the window grows by it, so the whole desk stays in view.
+  void showNotices(const QStringList& lines);
 
  signals:
   // The window is closing: the console has unloaded.
   void closing();
 
  protected:
+  // The window's height beyond the desk: the menu bar and any notices.
+  int chromeHeight() const;
   void closeEvent(QCloseEvent* e) override;
   void resizeEvent(QResizeEvent* e) override;
   bool eventFilter(QObject* watched, QEvent* e) override;
