@@ -123,14 +123,16 @@ std::optional<int16_t> Memories::askNumber(const std::string& title) {
 }
 
 void Memories::progMemLoad() {
-  auto number = askNumber("Load cue in Prog");
-  if (!number) return;
+  if (auto number = askNumber("Load cue in Prog")) progLoadNumber(*number);
+}
+
+void Memories::progLoadNumber(int16_t number) {
   Variables& v = c_.v;
   // Every row is looked at: with duplicate numbers the last one wins.
   int j = 1;
   for (; j <= v.CueCount; ++j) {
-    if (!cellEquals(cueCell(v, j, cue::kNumber), *number)) continue;
-    PROGMem.setText(std::to_string(*number));
+    if (!cellEquals(cueCell(v, j, cue::kNumber), number)) continue;
+    PROGMem.setText(std::to_string(number));
     setNextCue(j);
     PROGName.setText(toText(cueCell(v, j, cue::kName)));
     showTimes(j);

@@ -46,6 +46,9 @@ class Memories {
 
   // The panel buttons: prompt for a number or name, then load or save.
   void progMemLoad();
+  // What ProgMemLoad does once the number is given: every row with that
+  // number is shown in Prog, the last one winning. Remotes load by this.
+  void progLoadNumber(int16_t number);
   void stageMemLoad();
   void progMemSave();
   void stageMemSave();
