@@ -6,6 +6,8 @@ set -euo pipefail
 packages=(
   build-essential cmake ninja-build pkg-config ccache clang clang-format libclang-rt-14-dev
   qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev
+  # The web remote: its page over HTTP and its socket.
+  qt6-httpserver-dev qt6-websockets-dev
   libftdi1-dev librtmidi-dev libasound2-dev
   libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev
   # The players: playbin (base); WAV, MP3, scaletempo, audiopanorama, wavenc (good); ALSA output.

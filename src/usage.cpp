@@ -20,6 +20,7 @@ FILE (a show, cue list, submaster or channels file) is opened after start-up.
 
 Options of the desk:
   --listen [ADDRESS:]PORT  take commands of the command language on a TCP port
+  --web [ADDRESS:]PORT     serve the web remote there (else [Remote] WebPort=)
   --zoom Z                 draw the desk at Z times its size (0.5 to 4)
   --screenshot FILE.png    draw the desk (or --window NAME) into a picture and end
   -nosplash                no splash screen

@@ -19,6 +19,7 @@
 
 #include "engine/controls/cell_grid.h"
 #include "engine/core/console.h"
+#include "engine/remote/web_remote_place.h"
 #include "gui/desk/desk_context.h"
 #include "gui/desk/desk_options.h"
 #include "gui/desk/desk_palette.h"
@@ -32,6 +33,7 @@
 #include "gui/qt_dialogs.h"
 #include "gui/remote_port.h"
 #include "gui/timer_driver.h"
+#include "gui/web_remote_server.h"
 #include "gui/views/window_host.h"
 #include "platform/dmx_devices.h"
 #include "platform/media/gst_media_player.h"
@@ -105,6 +107,28 @@ void tellMissingServices(gui::Form1& form, const ServicesFound& found) {
   QStringList lines;
   for (const std::string& line : missingServiceNews(found)) lines << QString::fromStdString(line);
   form.showNotices(lines);
+}
+
+// The web remote, where the settings or --web put it; the desk says where
+// the page is and, beyond loopback, the PIN the page must give.
+std::unique_ptr<gui::WebRemoteServer> startWebRemote(Console& console, gui::QtDialogs& dialogs,
+                                                     gui::Form1& form, const std::string& option) {
+  WebRemotePlace place =
+      readWebRemotePlace(console.settings.ini(), console.hasSwitch("-default"));
+  if (!option.empty() && !parseWebRemotePlace(option, place)) {
+    std::fprintf(stderr, "quintara: --web takes [ADDRESS:]PORT, not %s\n", option.c_str());
+    return nullptr;
+  }
+  if (!place.on()) return nullptr;
+  auto web = std::make_unique<gui::WebRemoteServer>(console, dialogs);
+  std::string error;
+  if (!web->listen(place.address, quint16(place.port), error)) {
+    std::fprintf(stderr, "quintara: the web remote can't listen: %s\n", error.c_str());
+    form.showNotices({QStringLiteral("Web remote off: ") + QString::fromStdString(error)});
+    return nullptr;
+  }
+  form.showNotices({web->notice()});
+  return web;
 }
 
 }  // namespace
@@ -224,6 +248,8 @@ int runDesk(int argc, char** argv) {
       std::fprintf(stderr, "quintara: the remote port can't listen: %s\n", error.c_str());
     QObject::connect(port.get(), &gui::RemotePort::consoleClosed, &form, &QWidget::close);
   }
+
+  std::unique_ptr<gui::WebRemoteServer> web = startWebRemote(console, dialogs, form, opt.web);
 
   if (screenshot) {
     int result = 1;

@@ -24,6 +24,8 @@ DeskOptions parseDeskOptions(int argc, char** argv) {
       value(i, o.home);
     } else if (!std::strcmp(a, "--listen")) {
       value(i, o.listen);
+    } else if (!std::strcmp(a, "--web")) {
+      value(i, o.web);
     } else if (!std::strcmp(a, "--screenshot")) {
       value(i, o.screenshot);
     } else if (!std::strcmp(a, "--window")) {
