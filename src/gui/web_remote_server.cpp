@@ -62,6 +62,9 @@ WebRemoteServer::WebRemoteServer(Console& c, QtDialogs& dialogs, QObject* parent
     r.setHeader("X-Frame-Options", "DENY");  // no other page may wrap the GO key
     return r;
   });
+  // The socket's handshake is taken over by the WebSocket side once a route
+  // owns the path; this one answers nothing itself.
+  http_->route("/ws", [](const QHttpServerRequest&, QHttpServerResponder&&) {});
   connect(http_.get(), &QHttpServer::newWebSocketConnection, this, [this] { accept(); });
   poll_.setInterval(kPollMs);
   connect(&poll_, &QTimer::timeout, this, [this] { pushState(); });

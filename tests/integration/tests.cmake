@@ -48,3 +48,10 @@ add_test(NAME integration.widget_comes_back
          COMMAND ${CMAKE_CURRENT_LIST_DIR}/widget_comes_back.sh $<TARGET_FILE:quintara>
                  $<TARGET_FILE:dmx_widget_sim>)
 set_tests_properties(integration.widget_comes_back PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 60)
+
+# The web remote in real headless chromium, driven by playwright-core from
+# tests/browser: the PIN, GO on the page, the cue on the page and in the
+# frame. Skipped where node, chromium or playwright-core is missing.
+add_test(NAME integration.web_remote
+         COMMAND ${CMAKE_CURRENT_LIST_DIR}/web_remote.sh $<TARGET_FILE:quintara>)
+set_tests_properties(integration.web_remote PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 120)

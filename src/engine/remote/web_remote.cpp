@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/core/console.h"
+#include "engine/playback/cue_function_table.h"
 #include "engine/playback/cue_record.h"
 #include "engine/remote/show_control.h"
 #include "engine/remote/show_state.h"
@@ -12,6 +13,18 @@ namespace q {
 namespace {
 constexpr size_t kLongestMessage = 4096;
 constexpr size_t kLongestCommand = 256;
+// The row GO fades to: the one in Prog when it is a memory cue; otherwise
+// the fade clock passes rows until it meets one (from an empty Prog, the
+// first GO plays row 1). 0 when none is left, or none near: a long run of
+// other rows is not searched on every look.
+long rowGoPlays(const Variables& v, long row) {
+  constexpr long kLookAhead = 1000;
+  const long from = std::max(row, 0L);
+  for (long r = from; r <= v.CueCount && r < from + kLookAhead; ++r)
+    if (r >= 1 && cellIsFunction(cueCell(v, r, cue::kFunction), CueFunction::MemoryCue)) return r;
+  return 0;
+}
+
 }  // namespace
 
 WebRemote::WebRemote(Console& c) : c_(c), check_(c) { c_.registry.add(webPin_); }
@@ -125,8 +138,8 @@ std::string WebRemote::act(const std::string& what, const JsonObject& o) {
 std::string WebRemote::stateText() {
   const ShowState s = readShowState(c_);
   const Variables& v = c_.v;
-  const long row = c_.memories.nextCue();
-  const bool rowShown = row >= 1 && row <= v.CueCount;
+  const long row = rowGoPlays(v, c_.memories.nextCue());
+  const bool rowShown = row >= 1;
   JsonWriter w;
   w.text("t", "state");
   w.open("stage").text("cue", s.stageCue).text("name", s.stageName).close();
