@@ -15,7 +15,11 @@ packages=(
   libola-dev ola
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   xvfb xauth util-linux poppler-utils
+  # The web remote's browser test: Debian's chromium, driven from node.
+  chromium nodejs
 )
+# Debian's nodejs comes without npm; some builds of node bring their own.
+command -v npm >/dev/null 2>&1 || packages+=(npm)
 
 # "install-deps.sh package": also what making and checking the Debian package needs.
 if [ "${1:-}" = package ]; then
@@ -26,10 +30,17 @@ missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
 done
-[ ${#missing[@]} -eq 0 ] && exit 0
+if [ ${#missing[@]} -gt 0 ]; then
+  sudo=""
+  [ "$(id -u)" -ne 0 ] && sudo="sudo"
+  export DEBIAN_FRONTEND=noninteractive
+  $sudo apt-get update -qq
+  $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}" >/tmp/quintara-apt.log 2>&1 || { cat /tmp/quintara-apt.log; exit 1; }
+fi
 
-sudo=""
-[ "$(id -u)" -ne 0 ] && sudo="sudo"
-export DEBIAN_FRONTEND=noninteractive
-$sudo apt-get update -qq
-$sudo apt-get install -y -qq --no-install-recommends "${missing[@]}" >/tmp/quintara-apt.log 2>&1 || { cat /tmp/quintara-apt.log; exit 1; }
+# playwright-core for the browser test, from npm into tests/browser (no
+# browser download: the test drives Debian's chromium).
+browser="$(dirname "$0")/../tests/browser"
+if [ ! -d "$browser/node_modules/playwright-core" ]; then
+  (cd "$browser" && npm ci --no-audit --no-fund --loglevel=error)
+fi

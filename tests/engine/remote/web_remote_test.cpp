@@ -87,6 +87,9 @@ TEST_F(WebRemoteTest, ActionsDriveTheDeskAndTheStateShowsIt) {
   addCue({.number = "2", .u = "10", .d = "10", .levels = {{2, 255}}, .name = "Storm"});
   WebRemote::Client c = remote().newClient();
   ASSERT_TRUE(c.admitted);
+  // Nothing in Prog yet: GO passes the empty row and plays row 1.
+  EXPECT_NE(remote().stateText().find(R"("next":{"row":1,"cue":"1","name":"Dawn"})"),
+            std::string::npos);
   send(c, R"({"do":"go"})");
   advance(1500);
   std::string s = remote().stateText();
