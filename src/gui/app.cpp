@@ -33,8 +33,8 @@
 #include "gui/qt_dialogs.h"
 #include "gui/remote_port.h"
 #include "gui/timer_driver.h"
-#include "gui/web_remote_server.h"
 #include "gui/views/window_host.h"
+#include "gui/web_remote_server.h"
 #include "platform/dmx_devices.h"
 #include "platform/media/gst_media_player.h"
 #include "platform/midi/rtmidi_ports.h"
@@ -113,8 +113,7 @@ void tellMissingServices(gui::Form1& form, const ServicesFound& found) {
 // the page is and, beyond loopback, the PIN the page must give.
 std::unique_ptr<gui::WebRemoteServer> startWebRemote(Console& console, gui::QtDialogs& dialogs,
                                                      gui::Form1& form, const std::string& option) {
-  WebRemotePlace place =
-      readWebRemotePlace(console.settings.ini(), console.hasSwitch("-default"));
+  WebRemotePlace place = readWebRemotePlace(console.settings.ini(), console.hasSwitch("-default"));
   if (!option.empty() && !parseWebRemotePlace(option, place)) {
     std::fprintf(stderr, "quintara: --web takes [ADDRESS:]PORT, not %s\n", option.c_str());
     return nullptr;

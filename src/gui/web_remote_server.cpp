@@ -1,10 +1,13 @@
 #include "gui/web_remote_server.h"
 
+#include <sys/socket.h>
+
 #include <QFile>
 #include <QHttpServer>
 #include <QHttpServerResponse>
 #include <QNetworkInterface>
 #include <QRandomGenerator>
+#include <QTcpServer>
 #include <QUrl>
 #include <QWebSocket>
 #include <cstdio>
@@ -33,8 +36,7 @@ bool sameOrigin(const QWebSocket& s) {
   if (origin.isEmpty()) return true;  // not a browser; the PIN still applies
   const QUrl o(origin);
   const QUrl here = s.request().url();
-  return o.host().compare(here.host(), Qt::CaseInsensitive) == 0 &&
-         o.port(80) == here.port(80);
+  return o.host().compare(here.host(), Qt::CaseInsensitive) == 0 && o.port(80) == here.port(80);
 }
 
 }  // namespace
@@ -42,7 +44,7 @@ bool sameOrigin(const QWebSocket& s) {
 struct WebRemoteServer::Client {
   std::unique_ptr<QWebSocket> socket;
   WebRemote::Client remote;
-  std::string sent;      // the last state sent
+  std::string sent;        // the last state sent
   int64_t heldSince = -1;  // since when it has been held back; -1 when it reads
 };
 
@@ -51,8 +53,13 @@ bool webAddressNeedsPin(const QHostAddress& address) {
          address != QHostAddress(QHostAddress::LocalHostIPv6);
 }
 
-WebRemoteServer::WebRemoteServer(Console& c, QtDialogs& dialogs, QObject* parent)
-    : QObject(parent), c_(c), dialogs_(dialogs), remote_(c), http_(std::make_unique<QHttpServer>()) {
+WebRemoteServer::WebRemoteServer(Console& c, QtDialogs& dialogs, WebClientBounds bounds,
+                                 QObject* parent)
+    : QObject(parent),
+      dialogs_(dialogs),
+      bounds_(bounds),
+      remote_(c),
+      http_(std::make_unique<QHttpServer>()) {
   loadPageResource();
   since_.start();
   const QByteArray html = page();
@@ -76,15 +83,23 @@ WebRemoteServer::~WebRemoteServer() {
 
 bool WebRemoteServer::listen(const std::string& address, quint16 port, std::string& error) {
   QHostAddress a(QHostAddress::LocalHost);
-  if (!address.empty() && address != "localhost" && !a.setAddress(QString::fromStdString(address))) {
+  if (!address.empty() && address != "localhost" &&
+      !a.setAddress(QString::fromStdString(address))) {
     error = "not an address: " + address;
     return false;
   }
-  port_ = http_->listen(a, port);
-  if (port_ == 0) {
-    error = "can't listen on " + a.toString().toStdString() + " port " + std::to_string(port);
+  auto* tcp = new QTcpServer(http_.get());
+  if (!tcp->listen(a, port)) {
+    error = "can't listen on " + a.toString().toStdString() + " port " + std::to_string(port) +
+            ": " + tcp->errorString().toStdString();
+    delete tcp;
     return false;
   }
+  // Connections take the listener's buffer size.
+  const int buffer = bounds_.socketBuffer;
+  ::setsockopt(int(tcp->socketDescriptor()), SOL_SOCKET, SO_SNDBUF, &buffer, sizeof buffer);
+  http_->bind(tcp);
+  port_ = tcp->serverPort();
   address_ = a;
   if (webAddressNeedsPin(a))
     remote_.lock(RemotePin::fromRandom(QRandomGenerator::system()->generate()));
@@ -113,7 +128,7 @@ void WebRemoteServer::accept() {
   while (http_->hasPendingWebSocketConnections()) {
     std::unique_ptr<QWebSocket> socket = http_->nextPendingWebSocketConnection();
     if (!socket) break;
-    if (int(clients_.size()) >= kMaxClients || !sameOrigin(*socket)) {
+    if (int(clients_.size()) >= bounds_.maxClients || !sameOrigin(*socket)) {
       socket->abort();
       continue;
     }
@@ -146,7 +161,7 @@ void WebRemoteServer::receive(Client& client, const QString& message) {
 
 void WebRemoteServer::send(Client& client, const std::string& text) {
   // Held back: answers are skipped as states are; the next state tells all.
-  if (text.empty() || !client.socket || client.socket->bytesToWrite() > kHoldBack) return;
+  if (text.empty() || !client.socket || client.socket->bytesToWrite() > bounds_.holdBack) return;
   client.socket->sendTextMessage(QString::fromStdString(text));
 }
 
@@ -161,9 +176,9 @@ void WebRemoteServer::pushState() {
   for (const auto& each : clients_) {
     Client& client = *each;
     if (!client.remote.admitted) continue;
-    if (client.socket->bytesToWrite() > kHoldBack) {
+    if (client.socket->bytesToWrite() > bounds_.holdBack) {
       if (client.heldSince < 0) client.heldSince = now;
-      if (now - client.heldSince > kStuckMs) stuck.push_back(&client);
+      if (now - client.heldSince > bounds_.stuckMs) stuck.push_back(&client);
       continue;
     }
     client.heldSince = -1;
@@ -172,7 +187,7 @@ void WebRemoteServer::pushState() {
     send(client, state);
   }
   // Dropped after the round: a dropped client leaves the list at once.
-  for (Client* client : stuck) drop(*client, "it has read nothing for 10 s");
+  for (Client* client : stuck) drop(*client, "it has stopped reading");
 }
 
 void WebRemoteServer::drop(Client& client, const char* why) {

@@ -32,19 +32,27 @@ namespace q::gui {
 
 class QtDialogs;
 
+// What one client may cost the desk.
+struct WebClientBounds {
+  // Unsent bytes to a client above which it gets no more states for now.
+  qint64 holdBack = 64 * 1024;
+  // How long a client may stay held back before it is dropped.
+  int stuckMs = 10000;
+  int maxClients = 16;
+  // The kernel's send buffer of each connection: small, so that a client
+  // that stops reading is seen as held back soon, not megabytes later.
+  int socketBuffer = 32 * 1024;
+};
+
 class WebRemoteServer : public QObject {
   Q_OBJECT
  public:
   // A state reaches the page within this of the change (plus the network).
   static constexpr int kPollMs = 30;
-  // Unsent bytes to one client above which it gets no more states for now.
-  static constexpr qint64 kHoldBack = 64 * 1024;
-  // How long a client may stay held back before it is dropped.
-  static constexpr int kStuckMs = 10000;
-  static constexpr int kMaxClients = 16;
   static constexpr int kMaxMessage = 4096;
 
-  WebRemoteServer(Console& c, QtDialogs& dialogs, QObject* parent = nullptr);
+  WebRemoteServer(Console& c, QtDialogs& dialogs, WebClientBounds bounds = {},
+                  QObject* parent = nullptr);
   ~WebRemoteServer() override;
 
   // Listens on ADDRESS (empty: loopback) and PORT (0: any free one). Beyond
@@ -66,8 +74,8 @@ class WebRemoteServer : public QObject {
   void forget(Client* client);
   int64_t nowMs() const { return since_.elapsed(); }
 
-  Console& c_;
   QtDialogs& dialogs_;
+  WebClientBounds bounds_;
   WebRemote remote_;
   std::unique_ptr<QHttpServer> http_;
   std::vector<std::unique_ptr<Client>> clients_;

@@ -1,0 +1,140 @@
+// The desk's web port with real sockets: the page over HTTP, the state over
+// the WebSocket within a poll of a change, the PIN beyond loopback, and a
+// client that never reads costing a bounded amount before it is dropped.
+
+#include <gtest/gtest.h>
+
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <QElapsedTimer>
+#include <QTcpSocket>
+#include <QWebSocket>
+
+#include "desk_fixture.h"
+#include "gui/qt_dialogs.h"
+#include "gui/web_remote_server.h"
+
+namespace q {
+namespace {
+
+class WebRemoteServerTest : public test::DeskFixture {
+ protected:
+  void start(const std::string& address, gui::WebClientBounds bounds = {}) {
+    desk();
+    server = std::make_unique<gui::WebRemoteServer>(console(), qtDialogs, bounds);
+    std::string error;
+    ASSERT_TRUE(server->listen(address, 0, error)) << error;
+    url = QStringLiteral("ws://%1:%2/ws").arg(QString::fromStdString(address)).arg(server->port());
+  }
+  // Connects a page's socket and gathers what it is sent.
+  std::unique_ptr<QWebSocket> page(QStringList& got) {
+    auto s = std::make_unique<QWebSocket>();
+    QObject::connect(s.get(), &QWebSocket::textMessageReceived,
+                     [&got](const QString& m) { got << m; });
+    s->open(QUrl(url));
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return s->state() == QAbstractSocket::ConnectedState; }, 3000));
+    return s;
+  }
+  void TearDown() override {
+    server.reset();
+    DeskFixture::TearDown();
+  }
+  gui::QtDialogs qtDialogs;
+  std::unique_ptr<gui::WebRemoteServer> server;
+  QString url;
+};
+
+TEST_F(WebRemoteServerTest, ServesThePageAndPushesTheStateWithinAPoll) {
+  start("127.0.0.1");
+  EXPECT_FALSE(server->pin().needed());
+  QTcpSocket http;
+  http.connectToHost(QHostAddress::LocalHost, server->port());
+  ASSERT_TRUE(http.waitForConnected(2000));
+  http.write("GET / HTTP/1.1\r\nHost: x\r\n\r\n");
+  QByteArray body;
+  EXPECT_TRUE(QTest::qWaitFor([&] { return (body += http.readAll()).contains("</html>"); }, 3000));
+  EXPECT_TRUE(body.startsWith("HTTP/1.1 200"));
+  EXPECT_TRUE(body.contains("X-Frame-Options: DENY"));
+
+  QStringList got;
+  auto s = page(got);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !got.isEmpty(); }, 2000));
+  EXPECT_TRUE(got.last().startsWith(R"({"t":"state")"));
+  s->sendTextMessage(R"({"do":"gm","level":0.2})");
+  QElapsedTimer t;
+  t.start();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return got.last().contains(R"("gm":0.2)"); }, 2000));
+  EXPECT_LT(t.elapsed(), 100);
+  EXPECT_EQ(form1().SMaster.position(), 204);
+}
+
+TEST_F(WebRemoteServerTest, BeyondLoopbackNothingIsDoneBeforeThePin) {
+  start("127.0.0.2");
+  ASSERT_TRUE(server->pin().needed());
+  EXPECT_TRUE(server->notice().endsWith(QString::fromStdString("PIN " + server->pin().pin())));
+  QStringList got;
+  auto s = page(got);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !got.isEmpty(); }, 2000));
+  EXPECT_EQ(got.first(), R"({"t":"pin","wrong":false,"waitMs":0})");
+  s->sendTextMessage(R"({"do":"gm","level":0})");
+  QTest::qWait(100);
+  EXPECT_EQ(form1().SMaster.position(), 0);  // still full: no PIN yet
+  s->sendTextMessage(QString::fromStdString(R"({"pin":")" + server->pin().pin() + "\"}"));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return got.last().startsWith(R"({"t":"state")"); }, 2000));
+  s->sendTextMessage(R"({"do":"gm","level":0})");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return form1().SMaster.position() == 255; }, 2000));
+
+  // A page from another site may not open a socket here at all.
+  QWebSocket foreign(QStringLiteral("http://evil.example"));
+  foreign.open(QUrl(url));
+  QTest::qWait(300);
+  EXPECT_NE(foreign.state(), QAbstractSocket::ConnectedState);
+}
+
+// A client with a tiny window that shakes hands and then never reads.
+int deafClient(quint16 port) {
+  const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
+  const int small = 1024;
+  ::setsockopt(fd, SOL_SOCKET, SO_RCVBUF, &small, sizeof small);
+  sockaddr_in a{};
+  a.sin_family = AF_INET;
+  a.sin_port = htons(port);
+  a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  if (::connect(fd, reinterpret_cast<sockaddr*>(&a), sizeof a) != 0) return fd;
+  const std::string hello =
+      "GET /ws HTTP/1.1\r\nHost: 127.0.0.1\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
+      "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n\r\n";
+  (void)!::write(fd, hello.data(), hello.size());
+  return fd;
+}
+
+TEST_F(WebRemoteServerTest, AClientThatNeverReadsIsHeldBackThenDroppedWhileOthersGoOn) {
+  start("127.0.0.1", {.holdBack = 4096, .stuckMs = 1500, .maxClients = 4, .socketBuffer = 4096});
+  const int deaf = deafClient(server->port());
+  QStringList got;
+  auto reader = page(got);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return server->clients() == 2; }, 2000));
+  // A state that changes on every poll, for as long as the deaf client lasts.
+  QElapsedTimer t;
+  t.start();
+  int moves = 0;
+  while (server->clients() == 2 && t.elapsed() < 20000) {
+    form1().SMaster.setPosition(++moves % 256);
+    QTest::qWait(gui::WebRemoteServer::kPollMs);
+  }
+  EXPECT_EQ(server->clients(), 1);  // the deaf one is gone
+  // The reader saw the latest state all along.
+  EXPECT_TRUE(QTest::qWaitFor(
+      [&] {
+        form1().SMaster.setPosition(100);
+        return got.last().contains(R"("gm":0.607843)");
+      },
+      2000));
+  ::close(deaf);
+}
+
+}  // namespace
+}  // namespace q
