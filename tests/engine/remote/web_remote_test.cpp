@@ -3,7 +3,9 @@
 
 #include "engine/remote/web_remote.h"
 #include "../playback/playback_fixture.h"
+#include "engine/core/ini_file.h"
 #include "engine/remote/json_message.h"
+#include "engine/remote/web_remote_place.h"
 
 namespace q::test {
 namespace {
@@ -49,6 +51,29 @@ TEST(RemotePinRule, WrongTriesWaitLongerAndARightOneStartsAgain) {
   EXPECT_EQ(pin.waitMs(20000000), RemotePin::kLongestWaitMs);
   EXPECT_EQ(pin.attempt("4821", 30000000), A::Right);
   EXPECT_EQ(pin.wrongTries(), 0);
+}
+
+TEST_F(ConsoleFixture, WebRemotePlaceFromTheSettingsOrTheCommandLine) {
+  IniFile ini(console().homeDir() + "/web.ini");
+  EXPECT_FALSE(readWebRemotePlace(ini, false).on());  // off unless asked for
+  ini.write("Remote", "WebPort", "8080");
+  WebRemotePlace p = readWebRemotePlace(ini, false);
+  EXPECT_EQ(p.port, 8080);
+  EXPECT_EQ(p.address, "127.0.0.1");
+  EXPECT_FALSE(readWebRemotePlace(ini, true).on());  // -default: the built-in values
+  ini.write("Remote", "WebAddress", "0.0.0.0");
+  EXPECT_EQ(readWebRemotePlace(ini, false).address, "0.0.0.0");
+  for (const char* bad : {"0", "70000", "80a", "-1", ""}) {
+    ini.write("Remote", "WebPort", bad);
+    EXPECT_FALSE(readWebRemotePlace(ini, false).on()) << bad;
+  }
+  ASSERT_TRUE(parseWebRemotePlace("[::1]:9000", p));
+  EXPECT_EQ(p.address, "::1");
+  EXPECT_EQ(p.port, 9000);
+  ASSERT_TRUE(parseWebRemotePlace("9001", p));
+  EXPECT_EQ(p.address, "127.0.0.1");
+  for (const char* bad : {"", ":80", "desk:", "desk:0", "99999"})
+    EXPECT_FALSE(parseWebRemotePlace(bad, p)) << bad;
 }
 
 class WebRemoteTest : public PlaybackFixture {
