@@ -6,6 +6,7 @@
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
@@ -140,8 +141,17 @@ int Form1::chromeHeight() const {
 
 void Form1::showNotices(const QStringList& lines) {
   if (lines.isEmpty()) return;
-  statusBar()->addWidget(new QLabel(lines.join(QLatin1Char('\n'))), 1);
+  // One label, a line each: notices told later stand under the earlier ones.
+  if (!notices_) {
+    notices_ = new QLabel;
+    statusBar()->addWidget(notices_, 1);
+  }
+  const QString text = notices_->text();
+  notices_->setText(text.isEmpty() ? lines.join(QLatin1Char('\n'))
+                                   : text + QLatin1Char('\n') + lines.join(QLatin1Char('\n')));
   statusBar()->show();  // made after the window was shown, it would stay hidden
+  // The status bar's height follows the new line now, not at the next layout pass.
+  if (QLayout* l = statusBar()->layout()) l->activate();
   applyZoom();
 }
 

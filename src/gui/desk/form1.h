@@ -9,6 +9,7 @@
 
 #include "gui/desk/desk_context.h"
 
+class QLabel;
 class QScrollArea;
 class QTimer;
 
@@ -63,6 +64,7 @@ class Form1 : public QMainWindow {
   WindowHost* windows_ = nullptr;
   DeskSurface* desk_ = nullptr;
   QScrollArea* scroll_ = nullptr;
+  QLabel* notices_ = nullptr;  // the status line's text, made by the first notice
   int lookListener_ = 0;
   int formListener_ = 0;
   bool shownOnce_ = false;
