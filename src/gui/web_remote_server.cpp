@@ -8,6 +8,7 @@
 #include <QNetworkInterface>
 #include <QRandomGenerator>
 #include <QTcpServer>
+#include <QTcpSocket>
 #include <QUrl>
 #include <QWebSocket>
 #include <cstdio>
@@ -38,6 +39,32 @@ bool sameOrigin(const QWebSocket& s) {
   const QUrl here = s.request().url();
   return o.host().compare(here.host(), Qt::CaseInsensitive) == 0 && o.port(80) == here.port(80);
 }
+
+// The listener makes each connection's socket itself, to watch what waits
+// unsent on it: a client that asks for the page again and again without
+// reading the answers is cut off before the answers pile up. Once a socket
+// becomes a WebSocket this watch ends and the server's own one takes over.
+class GuardedListener : public QTcpServer {
+ public:
+  GuardedListener(qint64 bound, QObject* parent) : QTcpServer(parent), bound_(bound) {}
+
+ protected:
+  void incomingConnection(qintptr fd) override {
+    auto* socket = new QTcpSocket(this);
+    if (!socket->setSocketDescriptor(fd)) {
+      delete socket;
+      return;
+    }
+    const qint64 bound = bound_;
+    connect(socket, &QTcpSocket::readyRead, socket, [socket, bound] {
+      if (socket->bytesToWrite() > bound) socket->abort();
+    });
+    addPendingConnection(socket);
+  }
+
+ private:
+  qint64 bound_;
+};
 
 }  // namespace
 
@@ -88,7 +115,7 @@ bool WebRemoteServer::listen(const std::string& address, quint16 port, std::stri
     error = "not an address: " + address;
     return false;
   }
-  auto* tcp = new QTcpServer(http_.get());
+  auto* tcp = new GuardedListener(kPageBacklog, http_.get());
   if (!tcp->listen(a, port)) {
     error = "can't listen on " + a.toString().toStdString() + " port " + std::to_string(port) +
             ": " + tcp->errorString().toStdString();

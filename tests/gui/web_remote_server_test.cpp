@@ -11,6 +11,8 @@
 #include <QElapsedTimer>
 #include <QTcpSocket>
 #include <QWebSocket>
+#include <cerrno>
+#include <thread>
 
 #include "desk_fixture.h"
 #include "gui/qt_dialogs.h"
@@ -94,8 +96,8 @@ TEST_F(WebRemoteServerTest, BeyondLoopbackNothingIsDoneBeforeThePin) {
   EXPECT_NE(foreign.state(), QAbstractSocket::ConnectedState);
 }
 
-// A client with a tiny window that shakes hands and then never reads.
-int deafClient(quint16 port) {
+// A socket with a tiny window, connected to the port.
+int smallClient(quint16 port) {
   const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
   const int small = 1024;
   ::setsockopt(fd, SOL_SOCKET, SO_RCVBUF, &small, sizeof small);
@@ -103,7 +105,13 @@ int deafClient(quint16 port) {
   a.sin_family = AF_INET;
   a.sin_port = htons(port);
   a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  if (::connect(fd, reinterpret_cast<sockaddr*>(&a), sizeof a) != 0) return fd;
+  (void)!::connect(fd, reinterpret_cast<sockaddr*>(&a), sizeof a);
+  return fd;
+}
+
+// One that shakes hands as a page's socket and then never reads.
+int deafClient(quint16 port) {
+  const int fd = smallClient(port);
   const std::string hello =
       "GET /ws HTTP/1.1\r\nHost: 127.0.0.1\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
       "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n\r\n";
@@ -134,6 +142,44 @@ TEST_F(WebRemoteServerTest, AClientThatNeverReadsIsHeldBackThenDroppedWhileOther
       },
       2000));
   ::close(deaf);
+}
+
+TEST_F(WebRemoteServerTest, AClientAskingForThePageWithoutReadingIsCutOff) {
+  start("127.0.0.1");
+  const int fd = smallClient(server->port());
+  std::string asks;
+  for (int i = 0; i < 2000; ++i) asks += "GET / HTTP/1.1\r\nHost: x\r\n\r\n";
+  // About 25 MB of pages asked for; the desk must not hold them.
+  std::thread writer([&] {
+    for (size_t sent = 0; sent < asks.size();) {
+      const ssize_t n = ::send(fd, asks.data() + sent, asks.size() - sent, MSG_NOSIGNAL);
+      if (n <= 0) break;
+      sent += size_t(n);
+    }
+  });
+  QTest::qWait(1500);
+  // Read now: what was sent before the cut, and then the end.
+  size_t got = 0;
+  char buf[65536];
+  QElapsedTimer t;
+  t.start();
+  while (t.elapsed() < 10000) {
+    const ssize_t n = ::recv(fd, buf, sizeof buf, MSG_DONTWAIT);
+    if (n == 0 || (n < 0 && errno != EAGAIN && errno != EWOULDBLOCK)) break;
+    if (n > 0) got += size_t(n);
+    QTest::qWait(1);
+  }
+  EXPECT_LT(got, 4u << 20) << "the desk kept answering a client that did not read";
+  ::shutdown(fd, SHUT_RDWR);
+  writer.join();
+  ::close(fd);
+  // The desk still serves a page to whoever reads.
+  QTcpSocket http;
+  http.connectToHost(QHostAddress::LocalHost, server->port());
+  ASSERT_TRUE(http.waitForConnected(2000));
+  http.write("GET / HTTP/1.1\r\nHost: x\r\n\r\n");
+  QByteArray body;
+  EXPECT_TRUE(QTest::qWaitFor([&] { return (body += http.readAll()).contains("</html>"); }, 3000));
 }
 
 }  // namespace
