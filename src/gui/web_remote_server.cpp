@@ -161,6 +161,9 @@ void WebRemoteServer::accept() {
     }
     socket->setMaxAllowedIncomingMessageSize(kMaxMessage);
     socket->setMaxAllowedIncomingFrameSize(kMaxMessage);
+    // Taken a little at a time: a flood waits in the kernel, and the output
+    // timer gets its turns between the bites.
+    socket->setReadBufferSize(kReadBite);
     auto client = std::make_unique<Client>();
     Client* raw = client.get();
     client->socket = std::move(socket);

@@ -50,6 +50,7 @@ class WebRemoteServer : public QObject {
   // A state reaches the page within this of the change (plus the network).
   static constexpr int kPollMs = 30;
   static constexpr int kMaxMessage = 4096;
+  static constexpr qint64 kReadBite = 16 * 1024;
   // Unsent page answers on one connection above which it is cut off.
   static constexpr qint64 kPageBacklog = 256 * 1024;
 

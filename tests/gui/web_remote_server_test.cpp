@@ -144,6 +144,38 @@ TEST_F(WebRemoteServerTest, AClientThatNeverReadsIsHeldBackThenDroppedWhileOther
   ::close(deaf);
 }
 
+// One masked text frame, as a browser sends it.
+std::string clientFrame(const std::string& text) {
+  std::string f = {char(0x81), char(0x80 | text.size())};
+  const char mask[4] = {1, 2, 3, 4};
+  f.append(mask, 4);
+  for (size_t i = 0; i < text.size(); ++i) f += char(text[i] ^ mask[i % 4]);
+  return f;
+}
+
+TEST_F(WebRemoteServerTest, AFloodOfMessagesIsTakenInBitesAndTheLoopGoesOn) {
+  start("127.0.0.1");
+  const int fd = deafClient(server->port());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return server->clients() == 1; }, 2000));
+  std::string flood;
+  for (int i = 0; i < 100000; ++i) flood += clientFrame(R"({"do":"gm","level":0.5})");
+  std::thread writer([&] { (void)!::send(fd, flood.data(), flood.size(), MSG_NOSIGNAL); });
+  // A timer of the desk's loop: its longest wait while the flood is taken.
+  QElapsedTimer t, gap;
+  t.start();
+  gap.start();
+  qint64 longest = 0;
+  QTimer tick;
+  QObject::connect(&tick, &QTimer::timeout, [&] { longest = std::max(longest, gap.restart()); });
+  tick.start(5);
+  QTest::qWait(2000);
+  ::shutdown(fd, SHUT_RDWR);
+  writer.join();
+  ::close(fd);
+  EXPECT_LT(longest, 100) << "the loop stood still while the flood was read";
+  EXPECT_EQ(form1().SMaster.position(), 127);  // the first of them was taken
+}
+
 TEST_F(WebRemoteServerTest, AClientAskingForThePageWithoutReadingIsCutOff) {
   start("127.0.0.1");
   const int fd = smallClient(server->port());
