@@ -30,13 +30,12 @@ fail() {
 }
 
 # Two free ports, the page's beyond the desk's own loopback address.
-read -r web_port command_port < <(python3 - <<'PY'
-import socket
-a, b = socket.socket(), socket.socket()
-a.bind(("127.0.0.2", 0)); b.bind(("127.0.0.1", 0))
-print(a.getsockname()[1], b.getsockname()[1])
-PY
-)
+free_port() {
+  node -e 'const s = require("net").createServer().listen(0, process.argv[1], () => {
+             console.log(s.address().port); s.close(); });' "$1"
+}
+web_port=$(free_port 127.0.0.2)
+command_port=$(free_port 127.0.0.1)
 home="$work/home"
 mkdir -p "$home"
 printf '[Remote]\r\nWebPort=%s\r\nWebAddress=127.0.0.2\r\n' "$web_port" >"$home/Quintara.INI"
@@ -54,7 +53,7 @@ QT_QPA_PLATFORM=offscreen "$quintara" -nosplash --home "$home" --listen "$comman
   "$work/cues.qcl" >"$work/desk.out" 2>&1 &
 desk_pid=$!
 for _ in $(seq 1 100); do
-  python3 -c "import socket; socket.create_connection(('127.0.0.2', $web_port), 0.2)" 2>/dev/null && break
+  (exec 3<>"/dev/tcp/127.0.0.2/$web_port") 2>/dev/null && break
   kill -0 "$desk_pid" 2>/dev/null || fail "the desk ended at start"
   sleep 0.1
 done
@@ -62,4 +61,5 @@ done
 cd "$browser_dir" && node web_remote_test.mjs "http://127.0.0.2:$web_port/" "$command_port" "$screenshot"
 status=$?
 [ $status -eq 1 ] && fail "the browser test failed"
+[ $status -eq 0 ] && { kill -0 "$desk_pid" 2>/dev/null || fail "the desk did not survive the page"; }
 exit $status
