@@ -48,3 +48,10 @@ add_test(NAME integration.widget_comes_back
          COMMAND ${CMAKE_CURRENT_LIST_DIR}/widget_comes_back.sh $<TARGET_FILE:quintara>
                  $<TARGET_FILE:dmx_widget_sim>)
 set_tests_properties(integration.widget_comes_back PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 60)
+
+# OSC on loopback: GO and a fader with oscsend, the frame read back, the
+# feedback seen by oscdump, then a flood of 100,000 good and broken datagrams.
+add_test(NAME integration.osc
+         COMMAND ${CMAKE_CURRENT_LIST_DIR}/osc.sh $<TARGET_FILE:quintara> $<TARGET_FILE:osc_flood>
+                 ${PROJECT_SOURCE_DIR})
+set_tests_properties(integration.osc PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 120)
