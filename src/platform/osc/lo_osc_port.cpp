@@ -38,19 +38,28 @@ int openSocket(const std::string& host, int port, bool passive, sockaddr_storage
   return fd;
 }
 
+// liblo packs the arguments as the wire does, four bytes apart, so an
+// eight-byte one may stand misaligned: each is copied out, never read in place.
+template <class T>
+T copied(const lo_arg* a) {
+  T value;
+  std::memcpy(&value, a, sizeof value);
+  return value;
+}
+
 OscArg decode(char type, const lo_arg* a) {
   switch (type) {
     case LO_INT32:
-      return OscArg::integer(a->i);
+      return OscArg::integer(copied<int32_t>(a));
     case LO_FLOAT:
-      return OscArg::real(a->f);
+      return OscArg::real(copied<float>(a));
     case LO_DOUBLE:
-      return OscArg::precise(a->d);
+      return OscArg::precise(copied<double>(a));
     case LO_INT64:
-      return OscArg::precise(double(a->h));
+      return OscArg::precise(double(copied<int64_t>(a)));
     case LO_STRING:
     case LO_SYMBOL:
-      return OscArg::string(&a->s);
+      return OscArg::string(reinterpret_cast<const char*>(a));
     default:
       return OscArg::other();
   }
