@@ -60,9 +60,9 @@ TEST(LoOscPort, TypesArriveAsTheConsolesAndNoiseIsTold) {
   ASSERT_EQ(got.size(), 1u);
   EXPECT_EQ(malformed, 1);
   EXPECT_EQ(got[0].address, "/quintara/x");
-  EXPECT_EQ(got[0].args, (std::vector<OscArg>{OscArg::integer(7), OscArg::real(0.5f),
-                                               OscArg::precise(0.25), OscArg::string("go"),
-                                               OscArg::precise(3), OscArg::other()}));
+  EXPECT_EQ(got[0].args,
+            (std::vector<OscArg>{OscArg::integer(7), OscArg::real(0.5f), OscArg::precise(0.25),
+                                 OscArg::string("go"), OscArg::precise(3), OscArg::other()}));
 
   // Moved to another port: the old one hears nothing, the watched descriptor is the same.
   const int moved = listenSomewhere(port);
@@ -70,7 +70,8 @@ TEST(LoOscPort, TypesArriveAsTheConsolesAndNoiseIsTold) {
   ASSERT_NE(moved, number);
   EXPECT_EQ(port.wakeFd(), fd);
   lo_send(to, "/quintara/go", "");
-  pumpUntil(port, [] { return false; }, 10);
+  pumpUntil(
+      port, [] { return false; }, 10);
   EXPECT_EQ(got.size(), 1u);
   lo_address_free(to);
   close(raw);

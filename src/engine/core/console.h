@@ -36,9 +36,9 @@
 #include "engine/playback/memories.h"
 #include "engine/playback/times_graph.h"
 #include "engine/playback/transport.h"
+#include "engine/remote/osc_link.h"
 #include "engine/showfiles/show_files.h"
 #include "engine/showfiles/show_snapshots.h"
-#include "engine/remote/osc_link.h"
 #include "engine/submasters/submaster_bank.h"
 
 namespace q {

@@ -16,11 +16,9 @@ OscMessage level(std::string path, double v) {
 
 std::vector<OscMessage> feedbackMessages(const ShowState& s) {
   std::vector<OscMessage> out = {
-      text("stage/cue", s.stageCue), text("stage/name", s.stageName),
-      text("prog/cue", s.progCue),   text("prog/name", s.progName),
-      text("nextcue", s.nextCue),    lit("fading", s.fading),
-      lit("paused", s.paused),       lit("golamp", s.goLamp),
-      lit("blackout", s.blackout),
+      text("stage/cue", s.stageCue), text("stage/name", s.stageName), text("prog/cue", s.progCue),
+      text("prog/name", s.progName), text("nextcue", s.nextCue),      lit("fading", s.fading),
+      lit("paused", s.paused),       lit("golamp", s.goLamp),         lit("blackout", s.blackout),
   };
   if (s.fading) out.push_back(level("fade", s.fadeProgress));
   for (int n = 0; n < ShowState::kStrips; ++n)

@@ -30,8 +30,7 @@ OscConfig OscConfig::read(const IniFile& ini) {
 }
 
 bool OscConfig::write(IniFile& ini) const {
-  return ini.write("OSC", "Port", std::to_string(port)) &&
-         ini.write("OSC", "Address", address) &&
+  return ini.write("OSC", "Port", std::to_string(port)) && ini.write("OSC", "Address", address) &&
          ini.write("OSC", "FeedbackHost", feedbackHost) &&
          ini.write("OSC", "FeedbackPort", std::to_string(feedbackPort));
 }

@@ -27,8 +27,7 @@ std::string_view part(std::string_view& path) {
 }
 
 bool oneNumber(const OscMessage& m, double& value) {
-  if (m.args.size() != 1 || !m.args[0].isNumber() || !std::isfinite(m.args[0].number))
-    return false;
+  if (m.args.size() != 1 || !m.args[0].isNumber() || !std::isfinite(m.args[0].number)) return false;
   value = m.args[0].number;
   return true;
 }
@@ -48,8 +47,7 @@ Result OscMapping::dispatch(std::string_view path, const OscMessage& m) {
   if (path == "back") return press(m, &ShowControl::back);
   if (path == "pause") return press(m, &ShowControl::pause);
   if (path == "cut") return press(m, &ShowControl::cut);
-  if (path == "grandmaster")
-    return level(m, [this](double v) { return control_.grandMaster(v); });
+  if (path == "grandmaster") return level(m, [this](double v) { return control_.grandMaster(v); });
   if (path == "xfade") return level(m, [this](double v) { return control_.crossfade(v); });
   if (path == "blackout") {
     double v = 0;

@@ -43,8 +43,7 @@ struct Splitter {
 }  // namespace
 
 bool splitOscPacket(std::span<const uint8_t> packet,
-                    const std::function<void(std::span<const uint8_t>)>& each,
-                    size_t maxMessages) {
+                    const std::function<void(std::span<const uint8_t>)>& each, size_t maxMessages) {
   Splitter s{each, maxMessages};
   return s.element(packet, 0);
 }

@@ -31,8 +31,8 @@ OscSetup::OscSetup(Console& c)
       FrameMsc(add<Label>("FrameMsc", "MIDI SHOW CONTROL")),
       c_(c) {
   setCaption("OSC and Show Control");
-  const char* names[] = {"Listen port :", "Listen address :", "Feedback host :",
-                         "Feedback port :", "MSC device ID :"};
+  const char* names[] = {
+      "Listen port :", "Listen address :", "Feedback host :", "Feedback port :", "MSC device ID :"};
   for (int i = 0; i < 5; ++i) captions.push_back(&add<Label>(indexed("lblCaption", i), names[i]));
   CmdOk.onClick = [this] { ok(); };
   CmdCancel.onClick = [this] { cancel(); };
@@ -67,7 +67,8 @@ void OscSetup::ok() {
   if (!takePort(txtPort, "Listen port", o.port)) return;
   if (!takePort(txtFeedbackPort, "Feedback port", o.feedbackPort)) return;
   o.address = txtAddress.text().empty() ? OscConfig{}.address : txtAddress.text();
-  o.feedbackHost = txtFeedbackHost.text().empty() ? OscConfig{}.feedbackHost : txtFeedbackHost.text();
+  o.feedbackHost =
+      txtFeedbackHost.text().empty() ? OscConfig{}.feedbackHost : txtFeedbackHost.text();
   const auto device = wholeIn(txtMscDevice.text(), 0, kMscDeviceLast);
   if (!device) {
     c_.dialogs().msgBox(caption(),
@@ -87,8 +88,8 @@ void OscSetup::ok() {
     return;
   }
   if (!kept)
-    c_.dialogs().msgBox(caption(), "The choice is in force but could not be kept in " +
-                                       c_.settings.path(),
+    c_.dialogs().msgBox(caption(),
+                        "The choice is in force but could not be kept in " + c_.settings.path(),
                         MsgButtons::OK, MsgIcon::Exclamation);
   unload();
 }

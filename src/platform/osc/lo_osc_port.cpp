@@ -163,9 +163,8 @@ void LoOscPort::pump() {
 }
 
 void LoOscPort::datagram(const uint8_t* data, size_t size) {
-  const bool whole = splitOscPacket({data, size}, [this](std::span<const uint8_t> m) {
-    message(m.data(), m.size());
-  });
+  const bool whole = splitOscPacket(
+      {data, size}, [this](std::span<const uint8_t> m) { message(m.data(), m.size()); });
   if (!whole && onMalformed) onMalformed();
 }
 
@@ -177,7 +176,8 @@ void LoOscPort::message(const uint8_t* data, size_t size) {
     return;
   }
   OscMessage out;
-  out.address.assign(reinterpret_cast<const char*>(data), strnlen(reinterpret_cast<const char*>(data), size));
+  out.address.assign(reinterpret_cast<const char*>(data),
+                     strnlen(reinterpret_cast<const char*>(data), size));
   const int argc = lo_message_get_argc(m);
   const char* types = lo_message_get_types(m);
   lo_arg** argv = lo_message_get_argv(m);

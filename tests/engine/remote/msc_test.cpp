@@ -24,25 +24,31 @@ TEST(MscParse, CommandsForThisConsoleOnly) {
   using K = MscCommand::Kind;
   EXPECT_EQ(parseMsc(msc(1, 1, 1), 1), (MscCommand{K::Go, ""}));
   EXPECT_EQ(parseMsc(msc(127, 0x7F, 1, "12.5"), 1), (MscCommand{K::Go, "12.5"}));
-  EXPECT_EQ(parseMsc(msc(5, 1, 1, std::string("3\0" "1\0" "2", 5)), 5), (MscCommand{K::Go, "3"}));
+  EXPECT_EQ(parseMsc(msc(5, 1, 1,
+                         std::string("3\0"
+                                     "1\0"
+                                     "2",
+                                     5)),
+                     5),
+            (MscCommand{K::Go, "3"}));
   EXPECT_EQ(parseMsc(msc(1, 1, 2, "3"), 1), (MscCommand{K::Stop, ""}));
   EXPECT_EQ(parseMsc(msc(1, 1, 3), 1), (MscCommand{K::Resume, ""}));
   EXPECT_EQ(parseMsc(msc(1, 1, 0x0A), 1), (MscCommand{K::Reset, ""}));
 
   const std::vector<Bytes> foreign = {
-      msc(2, 1, 1),                     // another device
-      msc(0x70, 1, 1),                  // a group this console is not in
-      msc(1, 0x10, 1),                  // sound
-      msc(1, 1, 0x04),                  // TIMED_GO: not done here
-      msc(1, 1, 1, "1.2.3"),            // no cue number
-      msc(1, 1, 1, ".5"),               //
-      msc(1, 1, 1, "5a"),               //
+      msc(2, 1, 1),                              // another device
+      msc(0x70, 1, 1),                           // a group this console is not in
+      msc(1, 0x10, 1),                           // sound
+      msc(1, 1, 0x04),                           // TIMED_GO: not done here
+      msc(1, 1, 1, "1.2.3"),                     // no cue number
+      msc(1, 1, 1, ".5"),                        //
+      msc(1, 1, 1, "5a"),                        //
       msc(1, 1, 1, std::string(1, char(0x85))),  // a status byte inside
-      {0xF0, 0x7F, 1, 0x02, 1, 1},      // no end
-      {0x7F, 1, 0x02, 1, 1, 0xF7},      // no start
-      {0xF0, 0x7E, 1, 0x02, 1, 1, 0xF7},  // non-real-time
-      {0xF0, 0x7F, 1, 0x01, 1, 1, 0xF7},  // MIDI time code
-      {0xF0, 0x7F, 1, 0x02, 1, 0xF7},     // no command
+      {0xF0, 0x7F, 1, 0x02, 1, 1},               // no end
+      {0x7F, 1, 0x02, 1, 1, 0xF7},               // no start
+      {0xF0, 0x7E, 1, 0x02, 1, 1, 0xF7},         // non-real-time
+      {0xF0, 0x7F, 1, 0x01, 1, 1, 0xF7},         // MIDI time code
+      {0xF0, 0x7F, 1, 0x02, 1, 0xF7},            // no command
       {0xF0, 0xF7},
       {},
   };
@@ -88,8 +94,8 @@ TEST_F(Msc, EachCommandDoesWhatItsKeyDoes) {
 TEST_F(Msc, ForeignOrUnknownCuesDoNothingAndAreCounted) {
   addCue({.number = "1", .levels = {{1, 255}}});
   console().midi.MscDeviceId = 9;
-  sysex(msc(1, 1, 1));       // not our device
-  sysex(msc(9, 1, 1, "8"));  // no cue 8: no GO at all
+  sysex(msc(1, 1, 1));                    // not our device
+  sysex(msc(9, 1, 1, "8"));               // no cue 8: no GO at all
   sysex({0xF0, 0x43, 0x10, 0x4C, 0xF7});  // a synthesiser's own message
   EXPECT_EQ(get("Led_GO"), "");
   EXPECT_EQ(get("PROGMem"), "");

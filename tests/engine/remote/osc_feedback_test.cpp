@@ -85,8 +85,9 @@ TEST_F(OscOut, TheConsoleSendsWhatItShowsWhileADestinationIsSet) {
     form1().Fader(3).setPosition(ms % 256);
     advance(1);
   }
-  const auto n = std::count_if(port.sent.begin(), port.sent.end(),
-                               [](const OscMessage& m) { return m.address == "/quintara/fader/1"; });
+  const auto n = std::count_if(port.sent.begin(), port.sent.end(), [](const OscMessage& m) {
+    return m.address == "/quintara/fader/1";
+  });
   EXPECT_LE(n, 25);
   EXPECT_GE(n, 24);
 }
