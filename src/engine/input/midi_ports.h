@@ -14,6 +14,9 @@
 namespace q {
 
 struct MidiMessage {
+  MidiMessage() = default;
+  MidiMessage(int s, int d1, int d2) : status(s), data1(d1), data2(d2) {}
+
   int status = 0;
   int data1 = 0;
   int data2 = 0;
