@@ -13,6 +13,8 @@ packages=(
   # The players: playbin (base); WAV, MP3, scaletempo, audiopanorama, wavenc (good); ALSA output.
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-alsa
   libola-dev ola
+  # OSC: the library, and oscsend/oscdump for the tests.
+  liblo-dev liblo-tools
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   xvfb xauth util-linux poppler-utils
   # The web remote's browser test: Debian's chromium, driven from node.

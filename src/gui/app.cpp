@@ -29,6 +29,7 @@
 #include "gui/desk/open_file.h"
 #include "gui/desk/splash_screen.h"
 #include "gui/guarded_application.h"
+#include "gui/osc_pump.h"
 #include "gui/print/qt_page_printer.h"
 #include "gui/qt_dialogs.h"
 #include "gui/remote_port.h"
@@ -39,6 +40,7 @@
 #include "platform/media/gst_media_player.h"
 #include "platform/midi/rtmidi_ports.h"
 #include "platform/missing_services.h"
+#include "platform/osc/lo_osc_port.h"
 #include "platform/process/posix_process_launcher.h"
 #include "platform/program_folder.h"
 
@@ -103,9 +105,11 @@ int saveScreenshot(QWidget& widget, const std::string& file) {
 }
 
 // Said once on the desk's status line, which stays hidden on a machine that lacks nothing.
-void tellMissingServices(gui::Form1& form, const ServicesFound& found) {
+// What the machine lacks, and an OSC socket that could not be opened.
+void tellMissingServices(gui::Form1& form, const ServicesFound& found, const Console& console) {
   QStringList lines;
   for (const std::string& line : missingServiceNews(found)) lines << QString::fromStdString(line);
+  if (console.osc.failed()) lines << QString::fromStdString(console.osc.status());
   form.showNotices(lines);
 }
 
@@ -175,6 +179,8 @@ int runDesk(int argc, char** argv) {
   RtMidiOutPort midiOut;
   host.midiIn = &midiIn;
   host.midiOut = &midiOut;
+  LoOscPort osc;
+  host.osc = &osc;
   Console console(host);
   // A menu choice or a widget event that fails is told like a failed tick.
   app.onFailure = [&console](const std::string& failure) { console.failures.report(failure); };
@@ -191,7 +197,6 @@ int runDesk(int argc, char** argv) {
   else if (opt.zoom > 0)
     form.setZoomOverride(opt.zoom);
   dialogs.setParent(&form);
-  tellMissingServices(form, {midiIn.systemPresent(), soundOutputPresent()});
   watchSignals(&app);
   new gui::PlayerPump(player0, &form);
   new gui::PlayerPump(player1, &form);
@@ -200,6 +205,7 @@ int runDesk(int argc, char** argv) {
     auto* midi = new QSocketNotifier(midiIn.wakeFd(), QSocketNotifier::Read, &app);
     QObject::connect(midi, &QSocketNotifier::activated, &app, [&midiIn] { midiIn.pump(); });
   }
+  new gui::OscPump(osc, dialogs, &app);
 
   gui::SplashScreen* splash = nullptr;
   if (!screenshot && !console.hasSwitch("-nosplash")) {
@@ -224,6 +230,7 @@ int runDesk(int argc, char** argv) {
   const auto unlisten = qScopeGuard([&] { console.look.removeListener(skinListener); });
   dialogs.lastShow = [&console] { return console.form1.mnuRecent(0).caption(); };
   console.start();
+  tellMissingServices(form, {midiIn.systemPresent(), soundOutputPresent()}, console);
   if (splash) {
     QPointer<gui::SplashScreen> s(splash);
     QTimer::singleShot(kSplashMs, &form, [s, &console] {

@@ -1,6 +1,7 @@
 #include "headless/interpreter.h"
 
 #include <algorithm>
+#include <charconv>
 #include <chrono>
 #include <thread>
 
@@ -48,6 +49,17 @@ MouseEvent mouseEvent(Words& w, bool withButton) {
 }
 }  // namespace
 
+namespace {
+// One or two hexadecimal digits: a byte.
+uint8_t hexByte(const std::string& word) {
+  unsigned value = 0;
+  const auto [end, ec] = std::from_chars(word.data(), word.data() + word.size(), value, 16);
+  if (word.empty() || word.size() > 2 || ec != std::errc{} || end != word.data() + word.size())
+    throw ScriptError("not a hexadecimal byte: " + word);
+  return uint8_t(value);
+}
+}  // namespace
+
 const std::map<std::string, Interpreter::Verb> Interpreter::verbs_ = {
     {"down", &Interpreter::mouseDown},    {"up", &Interpreter::mouseUp},
     {"press", &Interpreter::press},       {"click", &Interpreter::click},
@@ -55,12 +67,13 @@ const std::map<std::string, Interpreter::Verb> Interpreter::verbs_ = {
     {"type", &Interpreter::type},         {"key", &Interpreter::key},
     {"enter", &Interpreter::enter},       {"keydown", &Interpreter::keyDown},
     {"keyup", &Interpreter::keyUp},       {"midi", &Interpreter::midi},
-    {"drop", &Interpreter::drop},         {"answer", &Interpreter::answer},
-    {"load", &Interpreter::load},         {"save", &Interpreter::save},
-    {"advance", &Interpreter::advance},   {"tick", &Interpreter::tick},
-    {"quit", &Interpreter::quit},         {"get", &Interpreter::get},
-    {"dmx", &Interpreter::dmx},           {"move", &Interpreter::move},
-    {"activate", &Interpreter::activate}, {"close", &Interpreter::close},
+    {"sysex", &Interpreter::sysex},       {"drop", &Interpreter::drop},
+    {"answer", &Interpreter::answer},     {"load", &Interpreter::load},
+    {"save", &Interpreter::save},         {"advance", &Interpreter::advance},
+    {"tick", &Interpreter::tick},         {"quit", &Interpreter::quit},
+    {"get", &Interpreter::get},           {"dmx", &Interpreter::dmx},
+    {"move", &Interpreter::move},         {"activate", &Interpreter::activate},
+    {"close", &Interpreter::close},
 };
 
 Interpreter::Interpreter(Console& console, ScriptedDialogs& dialogs, VirtualClock* clock,
@@ -262,6 +275,20 @@ void Interpreter::midi(Words& w) {
   const int data2 = static_cast<int>(w.number("MIDI data", 0, 255));
   w.end();
   c_.midi.messageIn(status, data1, data2);
+}
+
+void Interpreter::sysex(Words& w) {
+  // Hexadecimal bytes from F0 on, as the port hands a system-exclusive
+  // message over; what they mean (or that they are broken) is the console's to find.
+  std::vector<uint8_t> bytes;
+  std::string word;
+  while (w.next(word)) {
+    if (bytes.size() == MidiMessage::kSysexLimit)
+      throw ScriptError("SysEx longer than " + std::to_string(MidiMessage::kSysexLimit) + " bytes");
+    bytes.push_back(hexByte(word));
+  }
+  if (bytes.empty() || bytes.front() != 0xF0) throw ScriptError("SysEx must begin with F0");
+  c_.midi.sysexIn(bytes);
 }
 
 void Interpreter::drop(Words& w) {

@@ -62,6 +62,7 @@ class Interpreter {
   void keyDown(Words& w);
   void keyUp(Words& w);
   void midi(Words& w);
+  void sysex(Words& w);
   void drop(Words& w);
   void answer(Words& w);
   void load(Words& w);

@@ -27,6 +27,7 @@
 #include "platform/media/gst_media_player.h"
 #include "platform/midi/rtmidi_ports.h"
 #include "platform/missing_services.h"
+#include "platform/osc/lo_osc_port.h"
 #include "platform/process/posix_process_launcher.h"
 #include "platform/program_folder.h"
 
@@ -210,6 +211,8 @@ int runHeadless(int argc, char** argv, Printer* printer) {
   // On the real clock the players play through GStreamer; on the virtual
   // clock they stay silent, so that every run comes out the same.
   std::unique_ptr<GstMediaPlayer> players[2];
+  // OSC, like MIDI, only on the real clock.
+  std::unique_ptr<LoOscPort> osc;
   std::vector<Waker> wakers;
   if (!opt.virtualClock) {
     midiIn = std::make_unique<RtMidiInPort>();
@@ -217,6 +220,9 @@ int runHeadless(int argc, char** argv, Printer* printer) {
     host.midiIn = midiIn.get();
     host.midiOut = midiOut.get();
     if (midiIn->wakeFd() >= 0) wakers.push_back({midiIn->wakeFd(), [&midiIn] { midiIn->pump(); }});
+    osc = std::make_unique<LoOscPort>();
+    host.osc = osc.get();
+    if (osc->wakeFd() >= 0) wakers.push_back({osc->wakeFd(), [&osc] { osc->pump(); }});
     for (int k = 0; k < 2; ++k) {
       players[k] = std::make_unique<GstMediaPlayer>();
       host.players[k] = players[k].get();
@@ -236,6 +242,7 @@ int runHeadless(int argc, char** argv, Printer* printer) {
   // The interpreter exists before start-up, so boxes shown while starting are printed too.
   Interpreter interpreter(console, dialogs, opt.virtualClock ? &virtualClock : nullptr, std::cout);
   console.start();
+  if (console.osc.failed()) std::cerr << "quintara: " << console.osc.status() << "\n";
 
   Run run(console, dialogs, interpreter, !opt.virtualClock, std::move(wakers));
   if (script.is_open())

@@ -12,3 +12,7 @@ target_link_libraries(quintara_platform PUBLIC PkgConfig::RTMIDI PkgConfig::ALSA
 # Media players: GStreamer's playbin.
 pkg_check_modules(GSTREAMER REQUIRED IMPORTED_TARGET gstreamer-1.0)
 target_link_libraries(quintara_platform PUBLIC PkgConfig::GSTREAMER)
+
+# OSC: liblo reads and writes the messages' wire format.
+pkg_check_modules(LIBLO REQUIRED IMPORTED_TARGET liblo)
+target_link_libraries(quintara_platform PUBLIC PkgConfig::LIBLO)

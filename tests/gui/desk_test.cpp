@@ -43,7 +43,7 @@ TEST_F(DeskTest, MenuBarHoldsTheConsoleMenusInOrder) {
                                                "Save Channels File As ...", "All to Zero"}));
   EXPECT_EQ(items("mnuSetup"),
             QStringList({"Keyboard Control", "Space Key GO", "Interface ...", "Midi Setup ...",
-                         "Max. Channels", "Change Background"}));
+                         "OSC ...", "Max. Channels", "Change Background"}));
   EXPECT_EQ(items("mnuScreen"), QStringList({"Output", "Live (DMX Output)", "Selected"}));
   EXPECT_EQ(items("mnuView"), QStringList({"Percent", "Value", "Bars"}));
   EXPECT_EQ(items("mnuHelp"), QStringList({"About ..."}));

@@ -55,3 +55,10 @@ set_tests_properties(integration.widget_comes_back PROPERTIES SKIP_RETURN_CODE 7
 add_test(NAME integration.web_remote
          COMMAND ${CMAKE_CURRENT_LIST_DIR}/web_remote.sh $<TARGET_FILE:quintara>)
 set_tests_properties(integration.web_remote PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 120)
+
+# OSC on loopback: GO and a fader with oscsend, the frame read back, the
+# feedback seen by oscdump, then a flood of 100,000 good and broken datagrams.
+add_test(NAME integration.osc
+         COMMAND ${CMAKE_CURRENT_LIST_DIR}/osc.sh $<TARGET_FILE:quintara> $<TARGET_FILE:osc_flood>
+                 ${PROJECT_SOURCE_DIR})
+set_tests_properties(integration.osc PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 120)

@@ -36,6 +36,7 @@
 #include "engine/playback/memories.h"
 #include "engine/playback/times_graph.h"
 #include "engine/playback/transport.h"
+#include "engine/remote/osc_link.h"
 #include "engine/showfiles/show_files.h"
 #include "engine/showfiles/show_snapshots.h"
 #include "engine/submasters/submaster_bank.h"
@@ -60,6 +61,8 @@ struct ConsoleHost {
   // The MIDI input and output ports; none means no MIDI device.
   MidiInPort* midiIn = nullptr;
   MidiOutPort* midiOut = nullptr;
+  // The OSC socket; none means no OSC.
+  OscPort* osc = nullptr;
   // The printer of the cue list; none shows a message instead of printing.
   Printer* printer = nullptr;
 };
@@ -151,6 +154,8 @@ class Console {
   Look look{*this};
   // The players' load and play keys.
   PlayerKeys playerKeys{*this};
+  // OSC in and out: the show controller's and the surfaces' way in.
+  OscLink osc{*this};
 
  private:
   void wireMainMenu();

@@ -66,6 +66,7 @@ void MainWindow::buildMenus() {
   addMenu("mnuSpaceGO", "Space Key GO", "mnuSetup");
   addMenu("mnuInterface", "Interface ...", "mnuSetup");
   addMenu("mnuMidiSetup", "Midi Setup ...", "mnuSetup");
+  addMenu("mnuOscSetup", "OSC ...", "mnuSetup");
   addMenu("mnuMaxchans", "Max. Channels", "mnuSetup");
   addMenu("mnuBackground", "Change Background", "mnuSetup");
 

@@ -6,6 +6,7 @@
 
 #include "engine/core/console.h"
 #include "engine/interfaces/interface_list.h"
+#include "engine/remote/msc.h"
 
 namespace q {
 
@@ -39,6 +40,7 @@ void Settings::applyDefaults() {
   v.LowClockLoop = 20;
   v.MidiChannel = 1;
   v.MidiLevel = 255;
+  c_.midi.MscDeviceId = 1;
   skinFile = defaultSkinFile();
 }
 
@@ -66,6 +68,8 @@ void Settings::readAtStart(bool useDefaults) {
     audioSink = ini_.read("Setup", "AudioSink", "");
     v.MidiChannel = std::clamp(readInt("Midi", "Channel", 1), 1, 16);
     v.MidiLevel = uint8_t(std::clamp(readInt("Midi", "Level", 255), 0, 255));
+    const int msc = readInt("MIDI", "MSCDeviceID", 1);
+    c_.midi.MscDeviceId = msc >= 0 && msc <= kMscDeviceLast ? msc : 1;
   }
   for (int i = 0; i < 3; ++i) f.mnuValue(i).setChecked(i == v.ValuesMode);
   f.DMXTimer.setInterval(v.DMXRate);

@@ -22,6 +22,7 @@ void Console::start() {
     auto batch = v.PatchMap.changes.batch();
     for (int n = 1; n <= kChannels; ++n) v.PatchMap.set(n, int16_t(n));
   }
+  osc.start(hasSwitch("-default"));
   if (recover) snapshots.offerRecovery();
 }
 
@@ -78,6 +79,7 @@ void Console::unload() {
   settings.writeAtExit();
   interfaces.stopDMX();
   midi.closePorts();
+  osc.close();
   snapshots.markClosed();
   windows.unloadAll();
   closed_ = true;

@@ -44,6 +44,7 @@ inline constexpr WindowEntry kWindowCatalogue[] = {
     {"SpCue", "Cuewin.mnuSpecialCue", 11},
     {"frmAbout", "mnuAbout", 12},
     {"Refreshrate", "mnuInterface", 13},
+    {"OscSetup", "mnuOscSetup", 14},
     {"frmPatch", "mnuPatch", -1},
     {"frmInvPatch", "frmPatch.ReverseBtn", -1},
 };

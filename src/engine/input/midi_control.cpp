@@ -5,6 +5,8 @@
 #include "engine/core/console.h"
 #include "engine/core/value.h"
 #include "engine/input/midi_setup.h"
+#include "engine/remote/msc.h"
+#include "engine/remote/show_control.h"
 
 namespace q {
 
@@ -33,6 +35,8 @@ MidiControl::MidiControl(Console& c)
   c_.names.add("MidiOutName", [this] { return MidiOutName; });
   c_.names.add("MidiInIndex", [this] { return std::to_string(MidiInIndex); });
   c_.names.add("MidiOutIndex", [this] { return std::to_string(MidiOutIndex); });
+  c_.names.add("MscDeviceId", [this] { return std::to_string(MscDeviceId); });
+  c_.names.add("MscIgnored", [this] { return std::to_string(MscIgnored); });
 }
 
 // The ports belong to the host and may be gone already: they are not touched here.
@@ -58,8 +62,17 @@ void MidiControl::messagesArrived() {
   while (in_->waiting() >= 1) {
     const MidiMessage m = in_->oldest();
     in_->removeOldest();
-    messageIn(m.status, m.data1, m.data2);
+    if (m.sysex.empty())
+      messageIn(m.status, m.data1, m.data2);
+    else
+      sysexIn(m.sysex);
   }
+}
+
+void MidiControl::sysexIn(const std::vector<uint8_t>& bytes) {
+  const auto command = parseMsc(bytes, MscDeviceId);
+  ShowControl control(c_);
+  if (!command || !applyMsc(control, *command)) ++MscIgnored;
 }
 
 void MidiControl::messageIn(int status, int data1, int data2) {

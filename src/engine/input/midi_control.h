@@ -25,6 +25,8 @@ class MidiControl {
 
   // One message from the open input port.
   void messageIn(int status, int data1, int data2);
+  // One system-exclusive message from the open input port, F0 to F7: MIDI Show Control.
+  void sysexIn(const std::vector<uint8_t>& bytes);
   // The input port's message-arrived event: handles every waiting message, oldest first.
   void messagesArrived();
   // Closes the ports if one is open (at unload).
@@ -56,6 +58,10 @@ class MidiControl {
   std::string MidiInName, MidiOutName;
   int16_t MidiInIndex = 0;
   int16_t MidiOutIndex = 0;
+  // The MIDI Show Control device ID the console answers to ([MIDI] MSCDeviceID), besides 127.
+  int MscDeviceId = 1;
+  // System-exclusive messages that did nothing: no show control for this console, or malformed.
+  uint64_t MscIgnored = 0;
 
  private:
   void controlChange(int controller, int value);

@@ -4,17 +4,28 @@
 // desk and the headless runner give real ports (RtMidi); tests give fakes.
 // A console without ports gets ones that list no device and never open.
 
+#include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "engine/input/midi_out.h"
 
 namespace q {
 
 struct MidiMessage {
+  MidiMessage() = default;
+  MidiMessage(int s, int d1, int d2) : status(s), data1(d1), data2(d2) {}
+
   int status = 0;
   int data1 = 0;
   int data2 = 0;
+  // A system-exclusive message whole, F0 to F7 (status is then 0xF0); empty for the others.
+  std::vector<uint8_t> sysex;
+
+  // Longer system-exclusive messages are no show control and are dropped
+  // where they arrive: a sender can't fill the console's memory with them.
+  static constexpr size_t kSysexLimit = 256;
 };
 
 class MidiInPort {

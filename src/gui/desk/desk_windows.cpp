@@ -27,6 +27,7 @@ QString systemInformation() {
 void addDeskWindows(WindowHost& host) {
   host.addBuilder("Config", buildFaderConfigWindow);
   host.addBuilder("MIDISetupForm", buildMidiSetupWindow);
+  host.addBuilder("OscSetup", buildOscSetupWindow);
   host.addBuilder("Tecles", buildKeypadWindow);
   host.addBuilder("Refreshrate", buildInterfaceSetupWindow);
   host.addBuilder("frmAbout", buildAboutWindow);

@@ -18,6 +18,7 @@ FormView* buildFaderConfigWindow(WindowHost& host, Window& model);     // Config
 FormView* buildInterfaceSetupWindow(WindowHost& host, Window& model);  // Refreshrate
 FormView* buildKeypadWindow(WindowHost& host, Window& model);          // Tecles ("Keyboard")
 FormView* buildMidiSetupWindow(WindowHost& host, Window& model);       // MIDISetupForm
+FormView* buildOscSetupWindow(WindowHost& host, Window& model);        // OscSetup
 
 // Level windows: 32 skinned faders a page, the cells of the column under
 // edit, the X/Y pad, and the matrix (a window the operator sizes).

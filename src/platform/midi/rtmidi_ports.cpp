@@ -120,6 +120,11 @@ void RtMidiInPort::enableLongMessages() {
 void RtMidiInPort::received(const unsigned char* bytes, size_t size) {
   if (!receiving_ || size == 0) return;
   MidiMessage m{bytes[0], size > 1 ? bytes[1] : 0, size > 2 ? bytes[2] : 0};
+  if (bytes[0] == 0xF0) {
+    // A dump of a synthesiser's memory is no show control: dropped here.
+    if (size > MidiMessage::kSysexLimit) return;
+    m.sysex.assign(bytes, bytes + size);
+  }
   {
     std::lock_guard lock(mutex_);
     if (queue_.size() >= kQueueLimit) return;

@@ -36,7 +36,7 @@ TEST_F(Catalogue, NamesEachWindowOnceWithAPlaceInTheUnload) {
       EXPECT_TRUE(places.insert(e.unloadOrder).second) << e.name;
     }
   }
-  EXPECT_EQ(places.size(), 14u);
+  EXPECT_EQ(places.size(), 15u);
   EXPECT_EQ(WindowCatalogue::openedBy("mnuCueList")->name, "Cuewin");
   EXPECT_EQ(WindowCatalogue::openedBy("mnuExit"), nullptr);
   EXPECT_THROW(windows().setFactory("NoSuchWindow", [] { return nullptr; }), std::logic_error);

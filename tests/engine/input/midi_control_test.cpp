@@ -154,6 +154,21 @@ TEST_F(Midi, ABurstIsHandledToTheLastMessage) {
   EXPECT_EQ(v().chan(42, kMidiColumn), 100);
 }
 
+// Show control rides the same input, between the controllers' messages.
+TEST_F(Midi, SysExFromThePortReachesShowControl) {
+  v().SubMidi[0] = 5;
+  openPorts();
+  MidiMessage go;
+  go.status = 0xF0;
+  go.sysex = {0xF0, 0x7F, 0x01, 0x02, 0x01, 0x01, 0xF7};
+  MidiMessage foreign = go;
+  foreign.sysex[2] = 0x09;
+  in.arrive({{176, 5, 0}, foreign, go, {176, 5, 127}});
+  EXPECT_EQ(get("Led_GO"), "Led_On2");
+  EXPECT_EQ(get("MscIgnored"), "1");
+  EXPECT_EQ(fader(3), 1);
+}
+
 TEST_F(Midi, PortErrorsAreShownUnlessHarmless) {
   in.onError(0, "fine");
   in.onError(8, "dropped");
