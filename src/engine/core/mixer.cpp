@@ -80,10 +80,14 @@ void Mixer::MixOutput() {
   readRoles();
   prepareTables();
   prepareStrips();
-  if (hasInv_)
-    mixSources<true>(channels);
-  else
-    mixSources<false>(channels);
+  if (hasInv_) {
+    mixSources<true, false>(channels);
+  } else if (singles_.size() >= kManySingles) {
+    prepareRaising();
+    mixSources<false, true>(channels);
+  } else {
+    mixSources<false, false>(channels);
+  }
   for (int k = 0; k < 2; ++k)
     if (c_.form1.FXTimer[k]->isEnabled()) addChaser(k, channels);
   if (v.PatchOn == kFalse) firstPassOutput(channels);
@@ -196,8 +200,25 @@ void Mixer::addStrip(Role role, int key, uint8_t column, const uint8_t* table) {
   mixOps_.push_back({role, key, column, table, false, {}});
 }
 
+// Each strip's place in raising_ gets the table of its single op, or zeros;
+// a table is copied only when its weights changed since the last mix.
+void Mixer::prepareRaising() {
+  std::array<RaisingTable, kSubmasters> want{};
+  for (const StripOp& op : mixOps_)
+    if (!op.grouped) want[op.column - 2] = {op.table, op.key};
+  for (int j = 0; j < kSubmasters; ++j) {
+    RaisingTable& have = raisingFrom_[j];
+    if (have.from == want[j].from && have.key == want[j].key) continue;
+    if (want[j].from)
+      std::copy_n(want[j].from, 256, raising_[j].begin());
+    else
+      raising_[j].fill(0);
+    have = want[j];
+  }
+}
+
 // Scenes, strips and MIDI into MixBuffer for channels 1..channels.
-template <bool kWithInv>
+template <bool kWithInv, bool kEveryStrip>
 void Mixer::mixSources(int channels) {
   Variables& v = c_.v;
   const uint8_t* stage = stage_.at.data();
@@ -219,6 +240,20 @@ void Mixer::mixSources(int channels) {
               mb, op.table[op.grouped ? highestMasked(row, op.mask.data()) : row[op.column]]);
         }
       }
+    } else if constexpr (kEveryStrip) {
+      // The strips' columns 2..21 against their tables at fixed places: four chains of maxima.
+      static_assert(kSubmasters % 4 == 0);
+      const uint8_t* col = row + 2;
+      int m1 = 0, m2 = 0, m3 = 0;
+      for (int j = 0; j < kSubmasters; j += 4) {
+        mb = std::max<int>(mb, raising_[j][col[j]]);
+        m1 = std::max<int>(m1, raising_[j + 1][col[j + 1]]);
+        m2 = std::max<int>(m2, raising_[j + 2][col[j + 2]]);
+        m3 = std::max<int>(m3, raising_[j + 3][col[j + 3]]);
+      }
+      mb = std::max(std::max(mb, m1), std::max(m2, m3));
+      for (const StripOp* g : groups_)
+        mb = std::max<int>(mb, g->table[highestMasked(row, g->mask.data())]);
     } else {
       // Without INV strips every strip only raises: four chains of maxima at once.
       int m1 = 0, m2 = 0, m3 = 0;
@@ -253,7 +288,8 @@ void Mixer::addChaser(int k, int channels) {
     if (data.levelBytes(row, 1, kChannels, bytes.data())) {
       // A step of byte levels, as the editor and the chaser file store them
       // (an empty cell as 0): a byte times the weight of a byte level stays a byte.
-      for (int i = 0; i < kChannels; ++i) lift.at[i] = uint8_t(floorOf(w * bytes[i]));
+      const uint8_t* product = scaled(chaserLevel_[k], level);
+      for (int i = 0; i < kChannels; ++i) lift.at[i] = product[bytes[i]];
     } else {
       for (int ch = 1; ch <= kChannels; ++ch) {
         // A cell never stored counts as 0; a lift of 0 or less never raises a channel.

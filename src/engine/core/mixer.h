@@ -66,7 +66,8 @@ class Mixer {
   void prepareStrips();
   void addStrip(Role role, int key, uint8_t column, const uint8_t* table);
   void prepareTables();
-  template <bool kWithInv>
+  void prepareRaising();
+  template <bool kWithInv, bool kEveryStrip>
   void mixSources(int channels);
   void addChaser(int k, int channels);
   uint8_t bypassed(int logical, uint8_t level) const;
@@ -87,12 +88,23 @@ class Mixer {
   std::vector<const StripOp*> groups_;
   size_t segmentStart_ = 0;  // first op after the latest INV
   bool hasInv_ = false;
+  // Without INV strips and with many single strips up: every strip's product
+  // at a fixed place, zeros for a strip that raises nothing on its own, so
+  // the pass reads each strip's column and table without looking either up.
+  struct RaisingTable {
+    const uint8_t* from = nullptr;  // the product table copied here, null for zeros
+    int key = -1;
+  };
+  static constexpr size_t kManySingles = 8;
+  alignas(64) std::array<std::array<uint8_t, 256>, kSubmasters> raising_{};
+  std::array<RaisingTable, kSubmasters> raisingFrom_{};
 
   LevelTable stage_, prog_, midi_, grand_;
   std::array<LevelTable, kSubmasters>
       sub_{};  // floor(((SubMasterLevel/255) x col) x (SubLevel/255))
   std::array<LevelTable, kSubmasters> plain_{};  // floor((SubLevel/255) x col): INV and BYP
   std::array<ChaserLift, 2> chaser_{};
+  std::array<LevelTable, 2> chaserLevel_{};  // floor((FXnLevel/255) x byte)
 };
 
 }  // namespace q
