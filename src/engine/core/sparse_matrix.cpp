@@ -102,7 +102,8 @@ bool CSparseMatrix::takeRow(SparseRow*& mine, std::unique_ptr<Page>& page, int p
   }
   // Cells outside the wiped columns stay: clear and store cell by cell, as a wipe and a read do.
   if (wiped)
-    for (int col = wipe.firstColumn; col <= wipe.lastColumn; ++col) mine->store(int16_t(col), Value{});
+    for (int col = wipe.firstColumn; col <= wipe.lastColumn; ++col)
+      mine->store(int16_t(col), Value{});
   if (theirs) theirs->forEachCell([mine](int16_t col, const Value& v) { mine->store(col, v); });
   return true;
 }

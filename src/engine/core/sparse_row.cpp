@@ -118,7 +118,8 @@ bool SparseRow::onlyIn(int first, int last) const {
       // The blocks may reach past the range while their filled cells do not.
       for (int b = 0; b < blockCount_; ++b)
         for (uint64_t m = blocks_[b].mask; m != 0; m &= m - 1) {
-          const int column = (firstBlock_ + b) * kBlockWidth + std::countr_zero(m) + kFirstLevelColumn;
+          const int column =
+              (firstBlock_ + b) * kBlockWidth + std::countr_zero(m) + kFirstLevelColumn;
           if (column < first || column > last) return false;
         }
     }

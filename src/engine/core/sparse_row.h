@@ -61,7 +61,8 @@ class SparseRow {
     for (int b = 0; b < blockCount_; ++b)
       for (uint64_t m = blocks_[b].mask; m != 0; m &= m - 1) {
         const int k = std::countr_zero(m);
-        f(int16_t((firstBlock_ + b) * kBlockWidth + k + kFirstLevelColumn), Value(blocks_[b].level[k]));
+        f(int16_t((firstBlock_ + b) * kBlockWidth + k + kFirstLevelColumn),
+          Value(blocks_[b].level[k]));
       }
     if (others_)
       for (const Other& o : others_->cells) f(o.column, valueOf(o));
