@@ -31,6 +31,7 @@
 #include "gui/guarded_application.h"
 #include "gui/osc_pump.h"
 #include "gui/print/qt_page_printer.h"
+#include "gui/qt_background_work.h"
 #include "gui/qt_dialogs.h"
 #include "gui/remote_port.h"
 #include "gui/timer_driver.h"
@@ -181,6 +182,8 @@ int runDesk(int argc, char** argv) {
   host.midiOut = &midiOut;
   LoOscPort osc;
   host.osc = &osc;
+  gui::QtBackgroundWork background;
+  host.background = &background;
   Console console(host);
   // A menu choice or a widget event that fails is told like a failed tick.
   app.onFailure = [&console](const std::string& failure) { console.failures.report(failure); };

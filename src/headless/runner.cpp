@@ -9,6 +9,8 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <fcntl.h>
+
 #include <cerrno>
 #include <climits>
 #include <filesystem>
@@ -16,6 +18,8 @@
 #include <functional>
 #include <iostream>
 #include <memory>
+#include <system_error>
+#include <thread>
 #include <vector>
 
 #include "engine/core/console.h"
@@ -90,12 +94,58 @@ class InputLines {
   LineSplitter lines_{Interpreter::kMaxLineBytes};
 };
 
+// A long file read on a thread of its own on the real clock. The command that
+// started it is still running: the next line is read only once it has ended,
+// while the timers and the news go on meanwhile.
+class PollBackgroundWork : public BackgroundWork {
+ public:
+  // Waits, the console running, until fd is readable; set once the loop exists.
+  std::function<void(int fd)> waitFor;
+
+  void run(const std::function<void()>& job) override {
+    int ends[2];
+    if (!waitFor || pipe2(ends, O_CLOEXEC) != 0) return job();
+    std::exception_ptr failure;
+    std::thread worker;
+    try {
+      worker = std::thread([&] {
+        try {
+          job();
+        } catch (...) {
+          failure = std::current_exception();
+        }
+        const char done = 1;
+        while (write(ends[1], &done, 1) < 0 && errno == EINTR) {
+        }
+      });
+    } catch (const std::system_error&) {
+      // No thread to be had: the read runs here, as on the virtual clock.
+      close(ends[0]);
+      close(ends[1]);
+      return job();
+    }
+    waitFor(ends[0]);
+    worker.join();
+    close(ends[0]);
+    close(ends[1]);
+    if (failure) std::rethrow_exception(failure);
+  }
+};
+
 class Run {
  public:
   Run(Console& c, ScriptedDialogs& d, Interpreter& in, bool realTime, std::vector<Waker> wakers)
       : c_(c), dialogs_(d), in_(in), realTime_(realTime), wakers_(std::move(wakers)) {
     // `advance` on the real clock waits with the console running, news included.
     if (realTime_) in_.waitRealTime = [this](int64_t ms) { sleepRun(ms); };
+  }
+
+  // Runs the timers and the news until fd is readable.
+  void runUntilReadable(int fd) {
+    for (;;) {
+      letTimeRun();
+      if (waitAndPump(wakers_, fd, msToNextTick())) return;
+    }
   }
 
   bool over() const { return c_.closed() || stopRequested; }
@@ -204,6 +254,8 @@ int runHeadless(int argc, char** argv, Printer* printer) {
   PosixProcessLauncher processes;
   host.processes = &processes;
   host.printer = printer;
+  PollBackgroundWork background;
+  if (!opt.virtualClock) host.background = &background;
   // Real MIDI ports only on the real clock: a virtual-clock run must come out
   // the same every time, whatever a surface plugged into the machine sends.
   std::unique_ptr<RtMidiInPort> midiIn;
@@ -245,6 +297,7 @@ int runHeadless(int argc, char** argv, Printer* printer) {
   if (console.osc.failed()) std::cerr << "quintara: " << console.osc.status() << "\n";
 
   Run run(console, dialogs, interpreter, !opt.virtualClock, std::move(wakers));
+  background.waitFor = [&run](int fd) { run.runUntilReadable(fd); };
   if (script.is_open())
     run.script(script);
   else

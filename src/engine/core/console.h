@@ -9,6 +9,7 @@
 
 #include "engine/chasers/chaser_engine.h"
 #include "engine/controls/registry.h"
+#include "engine/core/background_work.h"
 #include "engine/core/common_dialog.h"
 #include "engine/core/dialogs.h"
 #include "engine/core/failure_box.h"
@@ -65,6 +66,9 @@ struct ConsoleHost {
   OscPort* osc = nullptr;
   // The printer of the cue list; none shows a message instead of printing.
   Printer* printer = nullptr;
+  // Where long files are read while the console goes on; none reads them in
+  // place (the virtual clock, where every run must come out the same).
+  BackgroundWork* background = nullptr;
 };
 
 class Console {

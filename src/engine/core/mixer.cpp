@@ -61,6 +61,42 @@ inline uint8_t highestMasked(const uint8_t* row, const uint8_t* mask) {
   return m;
 #endif
 }
+#if defined(__SSE2__)
+constexpr bool kHasLanes = true;
+// The multipliers and whole-column masks of the three vectors of strips.
+struct Lanes {
+  __m128i a[3], whole[3];
+  Lanes(const uint16_t* multiplier, const uint16_t* wholeMask) {
+    for (int k = 0; k < 3; ++k) {
+      a[k] = _mm_load_si128(reinterpret_cast<const __m128i*>(multiplier + 8 * k));
+      whole[k] = _mm_load_si128(reinterpret_cast<const __m128i*>(wholeMask + 8 * k));
+    }
+  }
+};
+
+// The highest product of the single strips on one channel's row: columns
+// 2..9, 10..17 and 14..21 as three vectors of eight 16-bit lanes (the
+// lanes of columns 14..17 in the third have multiplier 0).
+inline int strongestStrip(const uint8_t* row, const Lanes& l) {
+  const __m128i zero = _mm_setzero_si128();
+  auto weigh = [&](int k, int column) {
+    const __m128i c =
+        _mm_unpacklo_epi8(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(row + column)), zero);
+    return _mm_or_si128(_mm_mulhi_epu16(c, l.a[k]), _mm_and_si128(c, l.whole[k]));
+  };
+  __m128i m = _mm_max_epi16(_mm_max_epi16(weigh(0, 2), weigh(1, 10)), weigh(2, 14));
+  m = _mm_max_epi16(m, _mm_srli_si128(m, 8));
+  m = _mm_max_epi16(m, _mm_srli_si128(m, 4));
+  m = _mm_max_epi16(m, _mm_srli_si128(m, 2));
+  return _mm_cvtsi128_si32(m) & 0xFFFF;
+}
+#else
+constexpr bool kHasLanes = false;
+struct Lanes {
+  Lanes(const uint16_t*, const uint16_t*) {}
+};
+inline int strongestStrip(const uint8_t*, const Lanes&) { return 0; }
+#endif
 }  // namespace
 
 Mixer::Mixer(Console& c) : c_(c) {
@@ -80,10 +116,14 @@ void Mixer::MixOutput() {
   readRoles();
   prepareTables();
   prepareStrips();
-  if (hasInv_)
-    mixSources<true>(channels);
-  else
-    mixSources<false>(channels);
+  if (hasInv_) {
+    mixSources<true, false>(channels);
+  } else if (kHasLanes && singleCount_ >= kManySingles) {
+    prepareLanes();
+    mixSources<false, true>(channels);
+  } else {
+    mixSources<false, false>(channels);
+  }
   for (int k = 0; k < 2; ++k)
     if (c_.form1.FXTimer[k]->isEnabled()) addChaser(k, channels);
   if (v.PatchOn == kFalse) firstPassOutput(channels);
@@ -167,6 +207,7 @@ void Mixer::prepareStrips() {
     else
       singles_.push_back({op.column, op.table});
   }
+  singleCount_ = singles_.size();
   while (singles_.size() % 4) singles_.push_back({kStageColumn, kNothing.data()});
 }
 
@@ -196,13 +237,55 @@ void Mixer::addStrip(Role role, int key, uint8_t column, const uint8_t* table) {
   mixOps_.push_back({role, key, column, table, false, {}});
 }
 
+// The strip's multiplier for the weights behind key, found once per weight:
+// the product's own ratio rounded up, or one less, whichever gives the table
+// for every byte; none for the few weights where the rounding of the
+// division by 255 puts a product one below a whole number.
+const Mixer::Multiplier& Mixer::multiplierOf(int strip, int key, const uint8_t* table) {
+  Multiplier& m = multiplier_[strip];
+  if (m.key == key) return m;
+  m = {key, true, false, 0};
+  for (int c = 0; c < 256 && m.whole; ++c) m.whole = table[c] == c;
+  const long ratio = long(key >> 8) * (key & 0xFF);  // master x level, over 255 x 255
+  const long up = (ratio * 65536 + 65024) / 65025;
+  for (long a = up; a >= up - 1 && !m.whole && !m.exact; --a) {
+    if (a < 0 || a > 0xFFFF) continue;
+    bool fits = true;
+    for (long c = 0; c < 256 && fits; ++c) fits = ((c * a) >> 16) == table[c];
+    m.exact = fits;
+    m.a = uint16_t(a);
+  }
+  return m;
+}
+
+// The lanes of the single strips: a multiplier, a whole column, or the
+// table kept for a strip that no multiplier fits.
+void Mixer::prepareLanes() {
+  laneMultiplier_.fill(0);
+  laneWhole_.fill(0);
+  tabled_.clear();
+  for (const StripOp& op : mixOps_) {
+    if (op.grouped) continue;
+    const int strip = op.column - 2;
+    const int lane = strip < 16 ? strip : strip + 4;
+    const Multiplier& m = multiplierOf(strip, op.key, op.table);
+    if (m.whole)
+      laneWhole_[lane] = 0xFFFF;
+    else if (m.exact)
+      laneMultiplier_[lane] = m.a;
+    else
+      tabled_.push_back({op.column, op.table});
+  }
+}
+
 // Scenes, strips and MIDI into MixBuffer for channels 1..channels.
-template <bool kWithInv>
+template <bool kWithInv, bool kEveryStrip>
 void Mixer::mixSources(int channels) {
   Variables& v = c_.v;
   const uint8_t* stage = stage_.at.data();
   const uint8_t* prog = prog_.at.data();
   const uint8_t* midi = midi_.at.data();
+  const Lanes lanes(laneMultiplier_.data(), laneWhole_.data());
   for (int i = 0; i < channels; ++i) {
     const uint8_t* row = v.ChanTable.row(i).data();
     // Prog and Stage add: a true crossfade sum, each share floored on its own.
@@ -219,6 +302,11 @@ void Mixer::mixSources(int channels) {
               mb, op.table[op.grouped ? highestMasked(row, op.mask.data()) : row[op.column]]);
         }
       }
+    } else if constexpr (kEveryStrip) {
+      mb = std::max(mb, strongestStrip(row, lanes));
+      for (const Single& t : tabled_) mb = std::max<int>(mb, t.table[row[t.column]]);
+      for (const StripOp* g : groups_)
+        mb = std::max<int>(mb, g->table[highestMasked(row, g->mask.data())]);
     } else {
       // Without INV strips every strip only raises: four chains of maxima at once.
       int m1 = 0, m2 = 0, m3 = 0;
@@ -253,7 +341,8 @@ void Mixer::addChaser(int k, int channels) {
     if (data.levelBytes(row, 1, kChannels, bytes.data())) {
       // A step of byte levels, as the editor and the chaser file store them
       // (an empty cell as 0): a byte times the weight of a byte level stays a byte.
-      for (int i = 0; i < kChannels; ++i) lift.at[i] = uint8_t(floorOf(w * bytes[i]));
+      const uint8_t* product = scaled(chaserLevel_[k], level);
+      for (int i = 0; i < kChannels; ++i) lift.at[i] = product[bytes[i]];
     } else {
       for (int ch = 1; ch <= kChannels; ++ch) {
         // A cell never stored counts as 0; a lift of 0 or less never raises a channel.

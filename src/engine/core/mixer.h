@@ -66,7 +66,8 @@ class Mixer {
   void prepareStrips();
   void addStrip(Role role, int key, uint8_t column, const uint8_t* table);
   void prepareTables();
-  template <bool kWithInv>
+  void prepareLanes();
+  template <bool kWithInv, bool kEveryStrip>
   void mixSources(int channels);
   void addChaser(int k, int channels);
   uint8_t bypassed(int logical, uint8_t level) const;
@@ -87,12 +88,33 @@ class Mixer {
   std::vector<const StripOp*> groups_;
   size_t segmentStart_ = 0;  // first op after the latest INV
   bool hasInv_ = false;
+  // Without INV strips and with several single strips up, a SUB strip's
+  // product is taken as a 16-bit multiplier, floor(byte x a / 65536), and a
+  // channel's twenty strips are weighed at once, eight to a vector. A
+  // multiplier stands in for a table only where it gives the table's product
+  // for every byte (a strip at full with the master at full passes its column
+  // whole); a strip that no multiplier fits keeps its table.
+  struct Multiplier {
+    int key = -1;
+    bool whole = false;  // the product is the byte itself
+    bool exact = false;  // a gives the product of every byte
+    uint16_t a = 0;
+  };
+  static constexpr size_t kManySingles = 4;
+  const Multiplier& multiplierOf(int strip, int key, const uint8_t* table);
+  std::array<Multiplier, kSubmasters> multiplier_{};
+  // By lane: strips 1..8, 9..16, then four unused lanes and strips 17..20.
+  alignas(16) std::array<uint16_t, 24> laneMultiplier_{};
+  alignas(16) std::array<uint16_t, 24> laneWhole_{};  // 0xFFFF: the column passes whole
+  std::vector<Single> tabled_;                        // single strips no multiplier fits
+  size_t singleCount_ = 0;
 
   LevelTable stage_, prog_, midi_, grand_;
   std::array<LevelTable, kSubmasters>
       sub_{};  // floor(((SubMasterLevel/255) x col) x (SubLevel/255))
   std::array<LevelTable, kSubmasters> plain_{};  // floor((SubLevel/255) x col): INV and BYP
   std::array<ChaserLift, 2> chaser_{};
+  std::array<LevelTable, 2> chaserLevel_{};  // floor((FXnLevel/255) x byte)
 };
 
 }  // namespace q

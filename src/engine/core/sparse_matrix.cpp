@@ -60,4 +60,52 @@ void CSparseMatrix::clearAll() {
   changes.changed({INT16_MIN, INT16_MAX, INT16_MIN, INT16_MAX});
 }
 
+void CSparseMatrix::takeRows(CSparseMatrix& staged, const Wipe& wipe) {
+  ++version_;
+  ++staged.version_;
+  int lo = INT16_MAX, hi = INT16_MIN;
+  for (size_t p = 0; p < pages_.size(); ++p) {
+    const int pageFirst = int(p) * kPageRows - kRowOffset;
+    const bool wipes = wipe.firstRow <= pageFirst + kPageRows - 1 && wipe.lastRow >= pageFirst;
+    Page* theirs = staged.pages_[p].get();
+    if (!theirs && !(wipes && pages_[p])) continue;
+    for (int k = 0; k < kPageRows; ++k) {
+      const int row = pageFirst + k;
+      SparseRow* mine = pages_[p] ? &(*pages_[p])[k] : nullptr;
+      const bool wiped = row >= wipe.firstRow && row <= wipe.lastRow;
+      if (!takeRow(mine, pages_[p], k, theirs ? &(*theirs)[k] : nullptr, wiped, wipe)) continue;
+      lo = std::min(lo, row);
+      hi = std::max(hi, row);
+    }
+  }
+  if (lo <= hi) changes.changed({lo, hi, INT16_MIN, INT16_MAX});
+}
+
+bool CSparseMatrix::takeRow(SparseRow*& mine, std::unique_ptr<Page>& page, int place,
+                            SparseRow* theirs, bool wiped, const Wipe& wipe) {
+  const bool nothingStaged = !theirs || theirs->empty();
+  const bool nothingMine = !mine || mine->empty();
+  if (nothingStaged && (nothingMine || !wiped)) return false;
+  if (nothingMine || (wiped && mine->onlyIn(wipe.firstColumn, wipe.lastColumn))) {
+    // Nothing of this row outlives the wipe: the staged row is the result.
+    if (nothingStaged) {
+      SparseRow gone;
+      std::swap(*mine, gone);
+      return true;
+    }
+    if (!mine) {
+      page = std::make_unique<Page>();
+      mine = &(*page)[place];
+    }
+    std::swap(*mine, *theirs);
+    return true;
+  }
+  // Cells outside the wiped columns stay: clear and store cell by cell, as a wipe and a read do.
+  if (wiped)
+    for (int col = wipe.firstColumn; col <= wipe.lastColumn; ++col)
+      mine->store(int16_t(col), Value{});
+  if (theirs) theirs->forEachCell([mine](int16_t col, const Value& v) { mine->store(col, v); });
+  return true;
+}
+
 }  // namespace q

@@ -48,6 +48,17 @@ class CSparseMatrix {
   // Forgets every row (a new table), for tests and for a reset of a whole instance.
   void clearAll();
 
+  // Takes in a table read elsewhere (a file parsed away from the console
+  // thread), in one step: the same as clearing columns wipeFirstColumn..
+  // wipeLastColumn of rows wipeFirstRow..wipeLastRow and then storing every
+  // filled cell of staged here. A row left with nothing of its own after the
+  // wipe simply trades places with the staged one, so a long list goes in
+  // without a cell-by-cell copy; staged is left with what was replaced.
+  struct Wipe {
+    int firstRow, lastRow, firstColumn, lastColumn;
+  };
+  void takeRows(CSparseMatrix& staged, const Wipe& wipe);
+
   // Told of every cell whose value changed: rows and columns as stored.
   TableNotifier changes;
 
@@ -55,6 +66,9 @@ class CSparseMatrix {
   static constexpr int kPageRows = 256;
   using Page = std::array<SparseRow, kPageRows>;
   const SparseRow* findRow(int16_t row) const;
+  // One row of takeRows; true when it changed.
+  static bool takeRow(SparseRow*& mine, std::unique_ptr<Page>& page, int place, SparseRow* theirs,
+                      bool wiped, const Wipe& wipe);
 
   std::array<std::unique_ptr<Page>, 65536 / kPageRows> pages_;  // by (row + 32768) / 256
   uint64_t version_ = 0;

@@ -110,6 +110,25 @@ bool SparseRow::othersIn(int first, int last) const {
   return it != cells.end() && it->column <= last;
 }
 
+bool SparseRow::onlyIn(int first, int last) const {
+  if (levelCount_ > 0) {
+    const int lowest = firstBlock_ * kBlockWidth + kFirstLevelColumn;
+    const int highest = (firstBlock_ + blockCount_) * kBlockWidth + kFirstLevelColumn - 1;
+    if (lowest < first || highest > last) {
+      // The blocks may reach past the range while their filled cells do not.
+      for (int b = 0; b < blockCount_; ++b)
+        for (uint64_t m = blocks_[b].mask; m != 0; m &= m - 1) {
+          const int column =
+              (firstBlock_ + b) * kBlockWidth + std::countr_zero(m) + kFirstLevelColumn;
+          if (column < first || column > last) return false;
+        }
+    }
+  }
+  if (!others_) return true;
+  const std::vector<Other>& cells = others_->cells;
+  return cells.empty() || (cells.front().column >= first && cells.back().column <= last);
+}
+
 void SparseRow::dropText(const Other& o) {
   if (o.kind == kText) others_->poolWaste += o.text.size;
 }

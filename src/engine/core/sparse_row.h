@@ -12,6 +12,7 @@
 // A column is in one place at a time: a byte stored over a text leaves the
 // list for the blocks, and a text stored over a byte the other way round.
 
+#include <bit>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -52,6 +53,20 @@ class SparseRow {
   void copyLevels(int first, int count, uint8_t* out) const;
   // Whether a cell of columns first..last holds anything but a byte of the blocks.
   bool othersIn(int first, int last) const;
+  // Whether every filled cell lies among columns first..last.
+  bool onlyIn(int first, int last) const;
+  // Calls f(column, value) for every filled cell: the levels, then the other cells.
+  template <class F>
+  void forEachCell(F f) const {
+    for (int b = 0; b < blockCount_; ++b)
+      for (uint64_t m = blocks_[b].mask; m != 0; m &= m - 1) {
+        const int k = std::countr_zero(m);
+        f(int16_t((firstBlock_ + b) * kBlockWidth + k + kFirstLevelColumn),
+          Value(blocks_[b].level[k]));
+      }
+    if (others_)
+      for (const Other& o : others_->cells) f(o.column, valueOf(o));
+  }
 
  private:
   struct Block {

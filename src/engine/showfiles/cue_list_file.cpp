@@ -3,6 +3,8 @@
 // channel levels become bytes.
 
 #include <array>
+#include <exception>
+#include <optional>
 
 #include "engine/core/console.h"
 #include "engine/playback/cue_record.h"
@@ -123,39 +125,46 @@ void readTimes(const LineReader& r, std::string_view rest, CSparseMatrix& cues, 
   }
 }
 
+// Where a reader puts the lines of a cue list: the console's own table (a
+// paste), or a table of its own away from the console thread (a load).
+struct CueLines {
+  CSparseMatrix& cues;
+  int16_t& count;
+  std::optional<std::string> name = {}, date = {};  // the last SHOW and DATE lines
+};
+
 // The rows are always the last one a "MEM:" line opened, so the other lines
 // of a cue may come in any order; lines before the first "MEM:" go to row 0.
-void readCueLines(Console& c, LineReader& r, bool withHeader) {
-  Variables& v = c.v;
+void readCueLines(CueLines& to, LineReader& r, bool withHeader) {
   while (r.next()) {
     const KeyRule* k = ruleFor(r.line(), withHeader);
     if (!k) continue;
     const std::string_view rest = r.rest(k->cut);
-    const int16_t row = v.CueCount;
+    const int16_t row = to.count;
     switch (k->key) {
       case Key::Show:
-        setCueListShowName(c, cp1252ToUtf8(rest));
+        to.name = cp1252ToUtf8(rest);
         break;
       case Key::Date:
-        setCueListShowDate(c, cp1252ToUtf8(rest));
+        to.date = cp1252ToUtf8(rest);
         break;
       case Key::Mem:
-        if (v.CueCount == INT16_MAX) r.fail("more than 32767 cues");
-        ++v.CueCount;
-        v.Cues.setCell(v.CueCount, k->column, cp1252ToUtf8(rest));
+        if (to.count == INT16_MAX) r.fail("more than 32767 cues");
+        ++to.count;
+        to.cues.setCell(to.count, k->column, cp1252ToUtf8(rest));
         break;
       case Key::StoreIfAny:
         if (rest.empty()) break;
         [[fallthrough]];
       case Key::Store:
-        v.Cues.setCell(row, k->column, cp1252ToUtf8(rest));
+        to.cues.setCell(row, k->column, cp1252ToUtf8(rest));
         break;
       case Key::Times:
-        readTimes(r, rest, v.Cues, row);
+        readTimes(r, rest, to.cues, row);
         break;
       case Key::Chan:
         readPairs(r, rest, INT16_MIN, INT16_MAX,
-                  [&](long ch, uint8_t level) { v.Cues.setCell(row, int16_t(ch), level); });
+                  [&](long ch, uint8_t level) { to.cues.setCell(row, int16_t(ch), level); });
         break;
     }
   }
@@ -201,16 +210,49 @@ void setCueListShowDate(Console& c, const std::string& text) {
   if (c.registry.has("Cuewin.txt_Date")) c.registry.find<TextBox>("Cuewin.txt_Date")->setText(text);
 }
 
+namespace {
+// A cue list read whole away from the console thread, up to its first bad
+// line, and what stopped it there.
+struct StagedCueList {
+  CSparseMatrix cues;
+  int16_t count = 0;
+  CueLines lines{cues, count};
+  bool opened = false;  // false: the file was refused before the list would be wiped
+  std::exception_ptr failure;
+
+  void read(const std::string& path) {
+    try {
+      refuseIfNoCueList(path);
+      LineReader r(path);
+      opened = true;
+      readCueLines(lines, r, true);
+    } catch (...) {
+      failure = std::current_exception();
+    }
+  }
+};
+
+// The list as a read on the console thread would have left it: the old cues
+// wiped, then every line up to the bad one stored.
+void applyCueList(Console& c, StagedCueList& staged) {
+  auto replacing = c.snapshots.replacing();
+  Variables& v = c.v;
+  auto batch = v.Cues.changes.batch();
+  v.Cues.takeRows(staged.cues, {1, v.CueCount, 1, cue::kLastWiped});
+  v.CueCount = staged.count;
+  if (staged.lines.name) setCueListShowName(c, *staged.lines.name);
+  if (staged.lines.date) setCueListShowDate(c, *staged.lines.date);
+}
+}  // namespace
+
 void LoadCueList(Console& c, const std::string& path) {
   c.files.cueListFileName = path;
-  // Opened before the wipe: a file that isn't there, or is no cue list,
-  // leaves the list as it was.
-  refuseIfNoCueList(path);
-  auto replacing = c.snapshots.replacing();
-  LineReader r(path);
-  auto batch = c.v.Cues.changes.batch();
-  wipeCues(c.v);
-  readCueLines(c, r, true);
+  // Read first: a file that isn't there, or is no cue list, leaves the list
+  // as it was; the fades and the output go on meanwhile.
+  StagedCueList staged;
+  c.files.readAside([&] { staged.read(path); });
+  if (staged.opened) applyCueList(c, staged);
+  if (staged.failure) std::rethrow_exception(staged.failure);
 }
 
 std::string cueListText(Console& c) {
@@ -241,7 +283,8 @@ void SaveCueClipboard(Console& c, const std::string& path, int16_t row) {
 void PasteCueClipboard(Console& c, const std::string& path) {
   LineReader r(path);
   auto batch = c.v.Cues.changes.batch();
-  readCueLines(c, r, false);
+  CueLines into{c.v.Cues, c.v.CueCount};
+  readCueLines(into, r, false);
 }
 
 }  // namespace q

@@ -70,6 +70,22 @@ bool ShowFiles::trySave(const std::string& path, const std::function<void()>& wr
   return false;
 }
 
+void ShowFiles::readAside(const std::function<void()>& parse) {
+  BackgroundWork* work = c_.host().background;
+  if (!work || readingAside_) {
+    parse();
+    return;
+  }
+  readingAside_ = true;
+  try {
+    work->run(parse);
+  } catch (...) {
+    readingAside_ = false;
+    throw;
+  }
+  readingAside_ = false;
+}
+
 bool ShowFiles::load(const std::string& kind, const std::string& path) {
   Console& c = c_;
   std::function<void()> read;

@@ -26,6 +26,11 @@ class ShowFiles {
   // Runs a reader or writer on path; a failure becomes the error box. False when it failed.
   bool tryLoad(const std::string& path, const std::function<void()>& read);
   bool trySave(const std::string& path, const std::function<void()>& write);
+  // Runs a reader's parse into a table of its own on the host's background
+  // work, the console's timers going on meanwhile; in place when the host
+  // has none, and inside another such read (a load started by a tick while
+  // one is being read), so that reads never overlap.
+  void readAside(const std::function<void()>& parse);
 
   // The file menu.
   void mnuOpen();
@@ -56,6 +61,7 @@ class ShowFiles {
  private:
   void showError(const std::string& text);
   Console& c_;
+  bool readingAside_ = false;
 };
 
 }  // namespace q

@@ -208,7 +208,8 @@ TEST_F(MixerTest, InterfaceEightGetsEachMasteredChannelWithoutBypass) {
 }
 
 // The mix written out plainly, channel by channel, against the tables, the
-// merged strip groups and the cached chaser steps, over changing random shows.
+// strips weighed by multipliers (155 at a full master keeps its table),
+// the merged strip groups and the cached chaser steps, over changing random shows.
 TEST_F(MixerTest, MatchesThePlainMixOverChangingShows) {
   std::mt19937 rng(7);
   auto pick = [&](std::initializer_list<int> from) {
