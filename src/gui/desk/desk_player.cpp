@@ -1,4 +1,5 @@
 #include "gui/desk/desk_player.h"
+#include "gui/views/repaint_pacer.h"
 
 #include <QFileInfo>
 #include <QPainter>
@@ -27,7 +28,7 @@ PlayerView::PlayerView(DeskContext& ctx, MediaPlayer& player, const look::DeskIt
     : QWidget(parent), ctx_(ctx), player_(player), item_(item) {
   setObjectName(QString::fromStdString(item.control));
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  listener_ = player_.viewChanged.add([this] { update(); });
+  listener_ = player_.viewChanged.add([this] { pacedUpdate(this); });
 }
 
 PlayerView::~PlayerView() { player_.viewChanged.remove(listener_); }

@@ -1,4 +1,5 @@
 #include "gui/desk/output_lamp_view.h"
+#include "gui/views/repaint_pacer.h"
 
 #include <QPainter>
 
@@ -37,7 +38,7 @@ void OutputLampView::syncFromModel() {
   setVisible(m && m->visible());
   setToolTip(QStringLiteral("DMX output: %1").arg(caption()));
   updateGeometry();
-  update();
+  pacedUpdate(this);
 }
 
 QSize OutputLampView::sizeHint() const {

@@ -1,4 +1,5 @@
 #include "gui/views/fader_view.h"
+#include "gui/views/repaint_pacer.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -27,7 +28,7 @@ void FaderView::syncFromModel() {
   if (!m) return;
   setVisible(m->visible());
   setEnabled(m->enabled());
-  update();
+  pacedUpdate(this);
 }
 
 int FaderView::knobHeight() const { return std::max(8, height() / 8); }

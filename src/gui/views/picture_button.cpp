@@ -1,4 +1,5 @@
 #include "gui/views/picture_button.h"
+#include "gui/views/repaint_pacer.h"
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -26,7 +27,7 @@ void PictureButton::syncFromModel() {
   setVisible(c->visible());
   setEnabled(c->enabled());
   if (auto* lamp = dynamic_cast<Lamp*>(c)) setToolTip(QString::fromStdString(lamp->toolTip));
-  update();
+  pacedUpdate(this);
 }
 
 void PictureButton::paintEvent(QPaintEvent*) {

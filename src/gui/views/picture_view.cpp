@@ -1,4 +1,5 @@
 #include "gui/views/picture_view.h"
+#include "gui/views/repaint_pacer.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -29,7 +30,7 @@ void PictureView::syncFromModel() {
   if (!m) return;
   setVisible(m->visible());
   setEnabled(m->enabled());
-  update();
+  pacedUpdate(this);
 }
 
 // The picture's units per pixel; the picture is drawn to keep its proportions.
