@@ -1,11 +1,11 @@
 #include "gui/desk/desk_player.h"
-#include "gui/views/repaint_pacer.h"
 
 #include <QFileInfo>
 #include <QPainter>
 #include <QSocketNotifier>
 #include <cmath>
 
+#include "gui/views/repaint_pacer.h"
 #include "platform/media/gst_media_player.h"
 
 namespace q::gui {

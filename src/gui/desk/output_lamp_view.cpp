@@ -1,9 +1,9 @@
 #include "gui/desk/output_lamp_view.h"
-#include "gui/views/repaint_pacer.h"
 
 #include <QPainter>
 
 #include "engine/interfaces/output_lamp.h"
+#include "gui/views/repaint_pacer.h"
 
 namespace q::gui {
 

@@ -1,5 +1,4 @@
 #include "gui/views/cell_grid_view.h"
-#include "gui/views/repaint_pacer.h"
 
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "engine/controls/cell_grid.h"
+#include "gui/views/repaint_pacer.h"
 
 namespace q::gui {
 

@@ -1,5 +1,4 @@
 #include "gui/views/fader_view.h"
-#include "gui/views/repaint_pacer.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -11,6 +10,7 @@
 #include <cmath>
 
 #include "engine/controls/scroller.h"
+#include "gui/views/repaint_pacer.h"
 
 namespace q::gui {
 

@@ -1,5 +1,4 @@
 #include "gui/views/picture_button.h"
-#include "gui/views/repaint_pacer.h"
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -7,6 +6,7 @@
 #include <QPainter>
 
 #include "engine/controls/lamp.h"
+#include "gui/views/repaint_pacer.h"
 
 namespace q::gui {
 

@@ -1,11 +1,11 @@
 #include "gui/views/picture_view.h"
-#include "gui/views/repaint_pacer.h"
 
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 
 #include "engine/controls/picture.h"
+#include "gui/views/repaint_pacer.h"
 
 namespace q::gui {
 
