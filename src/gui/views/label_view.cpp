@@ -43,7 +43,10 @@ void LabelView::syncFromModel() {
   if (!m) return;
   setVisible(m->visible());
   setEnabled(m->enabled());
-  setToolTip(QString::fromStdString(m->toolTip));
+  // A chaser's step label changes 40 times a second; its tip never does,
+  // and setting a tip costs an event.
+  const QString tip = QString::fromStdString(m->toolTip);
+  if (tip != toolTip()) setToolTip(tip);
   pacedUpdate(this);
 }
 

@@ -26,7 +26,9 @@ void PictureButton::syncFromModel() {
   if (!c) return;
   setVisible(c->visible());
   setEnabled(c->enabled());
-  if (auto* lamp = dynamic_cast<Lamp*>(c)) setToolTip(QString::fromStdString(lamp->toolTip));
+  if (auto* lamp = dynamic_cast<Lamp*>(c);
+      lamp && QString::fromStdString(lamp->toolTip) != toolTip())
+    setToolTip(QString::fromStdString(lamp->toolTip));
   pacedUpdate(this);
 }
 

@@ -28,6 +28,7 @@ void StaticTextCache::follow(const QFont& font) {
   if (font == font_ && texts_.size() < kMostTexts) return;
   texts_.clear();
   numbers_.clear();
+  laid_.clear();
   font_ = font;
 }
 
@@ -42,10 +43,15 @@ const QStaticText& StaticTextCache::get(std::string_view text, const QFont& font
   const int slot = numberSlot(text);
   if (slot < 0) return get(QString::fromUtf8(text.data(), qsizetype(text.size())), font);
   follow(font);
-  if (numbers_.empty()) numbers_.resize(kNumberSlots);
+  if (numbers_.empty()) {
+    numbers_.resize(kNumberSlots);
+    laid_.assign(kNumberSlots, false);
+  }
   QStaticText& laid = numbers_[size_t(slot)];
-  if (laid.text().isEmpty())
+  if (!laid_[size_t(slot)]) {
     laid = laidOut(QString::fromLatin1(text.data(), qsizetype(text.size())), font);
+    laid_[size_t(slot)] = true;
+  }
   return laid;
 }
 

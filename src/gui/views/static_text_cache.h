@@ -29,6 +29,7 @@ class StaticTextCache {
   QHash<QString, QStaticText> texts_;
   // Numbers by their digit count and value: "7", "07" and "007" apart.
   std::vector<QStaticText> numbers_;
+  std::vector<bool> laid_;
   QFont font_;
 };
 
