@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -38,7 +39,8 @@ bool OlaProbe::connect(int olaPort, unsigned universe) {
 }
 
 void OlaProbe::onDmx(const ola::client::DMXMetadata&, const ola::DmxBuffer& data) {
-  const Frame f{Clock::now(), data.Size() > 8 ? data.Get(8) : uint8_t(0)};
+  Frame f{Clock::now(), data.Size() > 8 ? data.Get(8) : uint8_t(0)};
+  for (unsigned i = 0; i < data.Size(); ++i) f.peak = std::max(f.peak, data.Get(i));
   if (recording) frames.push_back(f);
   if (onFrame) onFrame(f);
 }
@@ -113,8 +115,23 @@ bool Remote::send(const std::string& line) {
 
 void Remote::drain() {
   char buf[65536];
+  pending_.clear();
   while (fd_ >= 0 && read(fd_, buf, sizeof buf) > 0) {
   }
+}
+
+bool Remote::answered(const std::string& prefix) {
+  char buf[4096];
+  ssize_t n;
+  while (fd_ >= 0 && (n = read(fd_, buf, sizeof buf)) > 0) pending_.append(buf, size_t(n));
+  for (size_t start = 0, end; (end = pending_.find('\n', start)) != std::string::npos;
+       start = end + 1) {
+    if (pending_.compare(start, prefix.size(), prefix) == 0) {
+      pending_.erase(0, end + 1);
+      return true;
+    }
+  }
+  return false;
 }
 
 bool parseOptions(int argc, char** argv, DeskOptions& desk, std::vector<NumberOption> numbers,
@@ -163,6 +180,21 @@ ProcStat readProc(pid_t pid) {
     if (line.rfind("VmHWM:", 0) == 0) s.hwmKb = std::atol(line.c_str() + 6);
   }
   return s;
+}
+
+pid_t xServerPid() {
+  const char* display = std::getenv("DISPLAY");
+  if (!display) return 0;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+    const std::string name = entry.path().filename();
+    if (name.find_first_not_of("0123456789") != std::string::npos) continue;
+    std::ifstream cmdline(entry.path() / "cmdline");
+    std::vector<std::string> args;
+    for (std::string a; std::getline(cmdline, a, '\0');) args.push_back(a);
+    if (args.empty() || args[0].find("Xvfb") == std::string::npos) continue;
+    if (std::find(args.begin(), args.end(), display) != args.end()) return pid_t(std::stol(name));
+  }
+  return 0;
 }
 
 double percentile(std::vector<double> v, double p) {

@@ -24,6 +24,7 @@ double msSince(Clock::time_point a, Clock::time_point b);
 struct Frame {
   Clock::time_point at;
   uint8_t slot9 = 0;  // channel 9: the demo show's test channel
+  uint8_t peak = 0;   // the highest level of the frame: 0 is a dark frame
 };
 
 // Listens to one universe of an olad on loopback.
@@ -72,10 +73,14 @@ class Remote {
   bool send(const std::string& line);
   // Reads and drops whatever the desk has answered so far.
   void drain();
+  // Reads what the desk answered so far; true once a line beginning with
+  // prefix has come (what came before it is dropped with it).
+  bool answered(const std::string& prefix);
   bool isOpen() const { return fd_ >= 0; }
 
  private:
   int fd_ = -1;
+  std::string pending_;
 };
 
 // Where a measuring tool finds olad and the desk, and the desk's own command
@@ -102,6 +107,8 @@ struct ProcStat {
   long rssKb = 0, hwmKb = 0;
 };
 ProcStat readProc(pid_t pid);
+// The X server serving DISPLAY (an Xvfb started by xvfb-run), or 0.
+pid_t xServerPid();
 
 double percentile(std::vector<double> v, double p);
 std::vector<double> intervalsOf(const std::vector<Frame>& frames);

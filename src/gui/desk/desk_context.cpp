@@ -35,6 +35,12 @@ void DeskContext::paintBackground(QPainter& p, const look::PixelRect& r) const {
   p.drawPixmap(QRect(QPoint(0, 0), source.size()), deskPicture(), source);
 }
 
+void DeskContext::paintBackground(QPainter& p, const look::PixelRect& r, const QRect& part) const {
+  const QRect source = place(r);
+  const QRect within = part.intersected(QRect(QPoint(0, 0), source.size()));
+  p.drawPixmap(within, deskPicture(), within.translated(source.topLeft()));
+}
+
 QFont DeskContext::font(double px, bool bold, bool condensed) const {
   QFont f(condensed ? QStringLiteral("DejaVu Sans Condensed") : QStringLiteral("DejaVu Sans"));
   f.setStyleHint(QFont::SansSerif);

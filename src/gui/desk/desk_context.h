@@ -41,6 +41,8 @@ class DeskContext : public QObject {
   // zoom, at the painter's origin: a track or a picture's background matches
   // the skin around it to the pixel.
   void paintBackground(QPainter& p, const look::PixelRect& r) const;
+  // Only the part of it (in the painter's coordinates) that needs painting.
+  void paintBackground(QPainter& p, const look::PixelRect& r, const QRect& part) const;
   // The desk's type at a height given in skin pixels.
   QFont font(double px, bool bold = false, bool condensed = false) const;
   static QColor colour(int rgb) { return QColor::fromRgb(QRgb(0xFF000000u | unsigned(rgb))); }

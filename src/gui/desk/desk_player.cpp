@@ -5,6 +5,7 @@
 #include <QSocketNotifier>
 #include <cmath>
 
+#include "gui/views/repaint_pacer.h"
 #include "platform/media/gst_media_player.h"
 
 namespace q::gui {
@@ -27,7 +28,7 @@ PlayerView::PlayerView(DeskContext& ctx, MediaPlayer& player, const look::DeskIt
     : QWidget(parent), ctx_(ctx), player_(player), item_(item) {
   setObjectName(QString::fromStdString(item.control));
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  listener_ = player_.viewChanged.add([this] { update(); });
+  listener_ = player_.viewChanged.add([this] { pacedUpdate(this); });
 }
 
 PlayerView::~PlayerView() { player_.viewChanged.remove(listener_); }

@@ -9,6 +9,7 @@
 #include "gui/desk/desk_text_box.h"
 #include "gui/desk/fader_widget.h"
 #include "gui/desk/image_button.h"
+#include "gui/desk/live_display_view.h"
 #include "gui/desk/picture_views.h"
 #include "gui/views/scroll_bar_view.h"
 

@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "engine/interfaces/output_lamp.h"
+#include "gui/views/repaint_pacer.h"
 
 namespace q::gui {
 
@@ -37,7 +38,7 @@ void OutputLampView::syncFromModel() {
   setVisible(m && m->visible());
   setToolTip(QStringLiteral("DMX output: %1").arg(caption()));
   updateGeometry();
-  update();
+  pacedUpdate(this);
 }
 
 QSize OutputLampView::sizeHint() const {

@@ -24,15 +24,9 @@ uint32_t SkinSheet::pixel(int x, int y) const {
 
 QPixmap SkinSheet::cut(const look::PixelRect& r, QSize size) const {
   if (r.width <= 0 || r.height <= 0 || size.isEmpty()) return {};
-  const QString key = QStringLiteral("%1,%2,%3,%4@%5x%6")
-                          .arg(r.left)
-                          .arg(r.top)
-                          .arg(r.width)
-                          .arg(r.height)
-                          .arg(size.width())
-                          .arg(size.height());
-  auto it = cache_.constFind(key);
-  if (it != cache_.constEnd()) return *it;
+  const std::array<int, 6> key{r.left, r.top, r.width, r.height, size.width(), size.height()};
+  auto it = cache_.find(key);
+  if (it != cache_.end()) return it->second;
   // Through one scratch picture of the piece's size: what lies outside the skin stays black.
   QImage piece(r.width, r.height, QImage::Format_RGB32);
   piece.fill(Qt::black);
@@ -43,7 +37,7 @@ QPixmap SkinSheet::cut(const look::PixelRect& r, QSize size) const {
   if (piece.size() != size)
     piece = piece.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   QPixmap pm = QPixmap::fromImage(piece);
-  cache_.insert(key, pm);
+  cache_.emplace(key, pm);
   return pm;
 }
 

@@ -4,10 +4,11 @@
 // widgets paint, scaled to the desk's zoom. Cut pictures are cached until
 // the next skin or zoom.
 
-#include <QHash>
 #include <QImage>
 #include <QPixmap>
 #include <QSize>
+#include <array>
+#include <map>
 
 #include "engine/look/look.h"
 #include "engine/look/skin_pieces.h"
@@ -34,7 +35,8 @@ class SkinSheet : public SkinPicture {
 
  private:
   QImage image_;
-  mutable QHash<QString, QPixmap> cache_;
+  // By the rectangle cut and the size it is scaled to: left, top, width, height, w, h.
+  mutable std::map<std::array<int, 6>, QPixmap> cache_;
 };
 
 }  // namespace q::gui

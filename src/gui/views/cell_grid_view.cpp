@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "engine/controls/cell_grid.h"
+#include "gui/views/repaint_pacer.h"
 
 namespace q::gui {
 
@@ -44,7 +45,7 @@ void CellGridView::syncFromModel() {
   if (!m) return;
   setVisible(m->visible());
   setEnabled(m->enabled());
-  update();
+  pacedUpdate(this);
 }
 
 QRect CellGridView::cellRect(int row, int column) const {
@@ -64,7 +65,7 @@ void CellGridView::cellsChanged(const TableChange& c) {
   const int r0 = std::max(c.firstRow, 0), r1 = std::min(c.lastRow, m->rows - 1);
   const int c0 = std::max(c.firstColumn, 0), c1 = std::min(c.lastColumn, m->columns - 1);
   if (r0 > r1 || c0 > c1) return;
-  update(cellRect(r0, c0).united(cellRect(r1, c1)));
+  pacedUpdate(this, cellRect(r0, c0).united(cellRect(r1, c1)));
 }
 
 void CellGridView::paintEvent(QPaintEvent* e) {

@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "engine/controls/scroller.h"
+#include "gui/views/repaint_pacer.h"
 
 namespace q::gui {
 
@@ -27,7 +28,7 @@ void FaderView::syncFromModel() {
   if (!m) return;
   setVisible(m->visible());
   setEnabled(m->enabled());
-  update();
+  pacedUpdate(this);
 }
 
 int FaderView::knobHeight() const { return std::max(8, height() / 8); }

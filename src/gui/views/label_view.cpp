@@ -6,8 +6,22 @@
 #include <QPainter>
 
 #include "engine/controls/label.h"
+#include "gui/views/repaint_pacer.h"
 
 namespace q::gui {
+
+namespace {
+// Where a line of text of this size starts in the area, as drawText places
+// it (to the fraction of a pixel, so the cached text lands where it always did).
+QPointF placed(const QRect& area, const QSizeF& size, Qt::Alignment a) {
+  double x = area.x(), y = area.y();
+  if (a & Qt::AlignRight) x += area.width() - size.width();
+  if (a & Qt::AlignHCenter) x += (area.width() - size.width()) / 2;
+  if (a & Qt::AlignBottom) y += area.height() - size.height();
+  if (a & Qt::AlignVCenter) y += (area.height() - size.height()) / 2;
+  return {x, y};
+}
+}  // namespace
 
 LabelView::LabelView(Label* model, QWidget* parent) : ControlWidget(parent) {
   if (model) setObjectName(QString::fromStdString(model->name()));
@@ -29,8 +43,11 @@ void LabelView::syncFromModel() {
   if (!m) return;
   setVisible(m->visible());
   setEnabled(m->enabled());
-  setToolTip(QString::fromStdString(m->toolTip));
-  update();
+  // A chaser's step label changes 40 times a second; its tip never does,
+  // and setting a tip costs an event.
+  const QString tip = QString::fromStdString(m->toolTip);
+  if (tip != toolTip()) setToolTip(tip);
+  pacedUpdate(this);
 }
 
 void LabelView::paintEvent(QPaintEvent*) {
@@ -41,8 +58,14 @@ void LabelView::paintEvent(QPaintEvent*) {
   p.setFont(f);
   p.setPen(isEnabled() ? textColour() : textColour().darker(170));
   const int pad = padding();
-  const int wrap = wordWrap ? int(Qt::TextWordWrap) : 0;
-  p.drawText(rect().adjusted(pad, 0, -pad, 0), int(alignment) | wrap, text());
+  const QRect area = rect().adjusted(pad, 0, -pad, 0);
+  const QString shown = text();
+  if (wordWrap || shown.contains(u'\n')) {
+    p.drawText(area, int(alignment) | (wordWrap ? int(Qt::TextWordWrap) : 0), shown);
+    return;
+  }
+  const QStaticText& laid = texts_.get(shown, f);
+  p.drawStaticText(placed(area, laid.size(), alignment), laid);
 }
 
 FrameView::FrameView(Label& model, QWidget* parent) : QGroupBox(parent) {

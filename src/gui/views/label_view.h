@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include "gui/views/control_widget.h"
+#include "gui/views/static_text_cache.h"
 
 namespace q {
 class Label;
@@ -39,6 +40,11 @@ class LabelView : public ControlWidget {
   virtual QFont textFont() const { return font(); }
   virtual int padding() const { return 0; }
   virtual void syncFromModel();
+
+ private:
+  // A step number or a level changes many times a second through a few
+  // values: each is laid out once.
+  StaticTextCache texts_;
 };
 
 class FrameView : public QGroupBox {

@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "engine/controls/lamp.h"
+#include "gui/views/repaint_pacer.h"
 
 namespace q::gui {
 
@@ -25,8 +26,10 @@ void PictureButton::syncFromModel() {
   if (!c) return;
   setVisible(c->visible());
   setEnabled(c->enabled());
-  if (auto* lamp = dynamic_cast<Lamp*>(c)) setToolTip(QString::fromStdString(lamp->toolTip));
-  update();
+  if (auto* lamp = dynamic_cast<Lamp*>(c);
+      lamp && QString::fromStdString(lamp->toolTip) != toolTip())
+    setToolTip(QString::fromStdString(lamp->toolTip));
+  pacedUpdate(this);
 }
 
 void PictureButton::paintEvent(QPaintEvent*) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "engine/controls/picture.h"
+#include "gui/views/repaint_pacer.h"
 
 namespace q::gui {
 
@@ -29,7 +30,7 @@ void PictureView::syncFromModel() {
   if (!m) return;
   setVisible(m->visible());
   setEnabled(m->enabled());
-  update();
+  pacedUpdate(this);
 }
 
 // The picture's units per pixel; the picture is drawn to keep its proportions.

@@ -19,6 +19,7 @@
 #include "gui/views/label_view.h"
 #include "gui/views/picture_button.h"
 #include "gui/views/picture_view.h"
+#include "gui/views/repaint_pacer.h"
 #include "gui/views/text_box_view.h"
 #include "gui/views/window_host.h"
 
@@ -84,7 +85,7 @@ Control* SimpleCellsView::cell(int channel) const {
 // holds them: a single cell repaints alone, a whole turn of the wheel once.
 void SimpleCellsView::changed(int channel) {
   dirty_ |= cellRect(channel);
-  update(dirty_);
+  pacedUpdate(this, dirty_);
 }
 
 QRect SimpleCellsView::cellRect(int channel) const {
