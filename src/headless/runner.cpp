@@ -103,32 +103,23 @@ class PollBackgroundWork : public BackgroundWork {
   std::function<void(int fd)> waitFor;
 
   void run(const std::function<void()>& job) override {
-    int ends[2];
-    if (!waitFor || pipe2(ends, O_CLOEXEC) != 0) return job();
-    std::exception_ptr failure;
-    std::thread worker;
-    try {
-      worker = std::thread([&] {
-        try {
-          job();
-        } catch (...) {
-          failure = std::current_exception();
-        }
-        const char done = 1;
-        while (write(ends[1], &done, 1) < 0 && errno == EINTR) {
-        }
-      });
-    } catch (const std::system_error&) {
-      // No thread to be had: the read runs here, as on the virtual clock.
-      close(ends[0]);
-      close(ends[1]);
-      return job();
-    }
-    waitFor(ends[0]);
-    worker.join();
-    close(ends[0]);
-    close(ends[1]);
-    if (failure) std::rethrow_exception(failure);
+    // The job's end is told through a pipe, closed however the job ends.
+    struct Pipe {
+      int ends[2] = {-1, -1};
+      ~Pipe() {
+        if (ends[0] >= 0) close(ends[0]);
+        if (ends[1] >= 0) close(ends[1]);
+      }
+    } endPipe;
+    if (!waitFor || pipe2(endPipe.ends, O_CLOEXEC) != 0) return job();
+    runBeside(
+        job,
+        [&endPipe] {
+          const char done = 1;
+          while (write(endPipe.ends[1], &done, 1) < 0 && errno == EINTR) {
+          }
+        },
+        [&] { waitFor(endPipe.ends[0]); });
   }
 };
 

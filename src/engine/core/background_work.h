@@ -15,6 +15,14 @@ class BackgroundWork {
   // Meanwhile the console's timers go on (the fades, the chasers, the
   // output); the operator's own input waits until the job has ended.
   virtual void run(const std::function<void()>& job) = 0;
+
+ protected:
+  // The one way a host runs a job beside the console: on a thread of its
+  // own, whose last act is ended(), while wait() keeps the console going
+  // until ended() has been called. A job's failure is thrown again here.
+  // When the system gives no thread, the job runs in place.
+  static void runBeside(const std::function<void()>& job, const std::function<void()>& ended,
+                        const std::function<void()>& wait);
 };
 
 }  // namespace q

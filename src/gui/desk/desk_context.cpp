@@ -1,5 +1,6 @@
 #include "gui/desk/desk_context.h"
 
+#include <QWidget>
 #include <cmath>
 
 #include "engine/look/desk_layout.h"
@@ -47,6 +48,14 @@ QFont DeskContext::font(double px, bool bold, bool condensed) const {
   f.setPixelSize(std::max(6, int(std::lround(px * zoom_))));
   f.setBold(bold);
   return f;
+}
+
+void DeskContext::fillBack(QWidget* w, int rgb) {
+  if (rgb < 0) return;
+  QPalette pal = w->palette();
+  pal.setColor(QPalette::Window, colour(rgb));
+  w->setPalette(pal);
+  w->setAutoFillBackground(true);
 }
 
 }  // namespace q::gui

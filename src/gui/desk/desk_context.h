@@ -46,6 +46,8 @@ class DeskContext : public QObject {
   // The desk's type at a height given in skin pixels.
   QFont font(double px, bool bold = false, bool condensed = false) const;
   static QColor colour(int rgb) { return QColor::fromRgb(QRgb(0xFF000000u | unsigned(rgb))); }
+  // Fills a frame or dialog in one of the skin's colours; -1 leaves it as it is.
+  static void fillBack(QWidget* w, int rgb);
 
   // Tells every widget to cut its pictures again and take its new place.
   void reskin() { emit reskinned(); }

@@ -52,13 +52,6 @@ class DevicePicture : public PictureButton {
   }
 };
 
-void skinBack(QWidget* w, int colour) {
-  if (colour < 0) return;
-  QPalette pal = w->palette();
-  pal.setColor(QPalette::Window, DeskContext::colour(colour));
-  w->setPalette(pal);
-  w->setAutoFillBackground(true);
-}
 }  // namespace
 
 FormView* buildInterfaceSetupWindow(WindowHost& host, Window& model) {
@@ -88,11 +81,11 @@ FormView* buildInterfaceSetupWindow(WindowHost& host, Window& model) {
   view->at(new ComboTextView(s.Combo1, nullptr), {120, 2250, 1200, 345});
 
   auto* lpt = view->at(new FrameView(s.Frame4, nullptr), {3900, 1620, 2580, 900});
-  skinBack(lpt, back);
+  DeskContext::fillBack(lpt, back);
   view->at(new ComboView(s.CmbLPT, nullptr), {4020, 1980, 2340, 345});
 
   auto* loops = view->at(new FrameView(s.Frame3, nullptr), {120, 2760, 6360, 1560});
-  skinBack(loops, back);
+  DeskContext::fillBack(loops, back);
   Scroller* bars[] = {&s.HScroll2, &s.HScroll3, &s.HScroll4};
   TextBox* texts[] = {&s.Text2, &s.Text3, &s.Text4};
   for (int i = 0; i < 3; ++i) {

@@ -15,14 +15,6 @@ namespace q::gui {
 
 namespace {
 constexpr int kRowHeight = 420;
-
-void skinBack(QWidget* w, int colour) {
-  if (colour < 0) return;
-  QPalette pal = w->palette();
-  pal.setColor(QPalette::Window, DeskContext::colour(colour));
-  w->setPalette(pal);
-  w->setAutoFillBackground(true);
-}
 }  // namespace
 
 FormView* buildOscSetupWindow(WindowHost& host, Window& model) {
@@ -37,7 +29,7 @@ FormView* buildOscSetupWindow(WindowHost& host, Window& model) {
     v->background = back >= 0 ? DeskContext::colour(back) : QColor();
     view->at(v, at);
   };
-  skinBack(view->at(new FrameView(s.FrameOsc, nullptr), {120, 120, 5760, 2220}), back);
+  DeskContext::fillBack(view->at(new FrameView(s.FrameOsc, nullptr), {120, 120, 5760, 2220}), back);
   TextBox* osc[] = {&s.txtPort, &s.txtAddress, &s.txtFeedbackHost, &s.txtFeedbackPort};
   for (int i = 0; i < 4; ++i) {
     const int y = 480 + i * kRowHeight;
@@ -48,7 +40,7 @@ FormView* buildOscSetupWindow(WindowHost& host, Window& model) {
   status->foreground = QColor(0x7F, 0xE7, 0xFF);
   view->at(status, {240, 2160 - 90, 5520, 255});
 
-  skinBack(view->at(new FrameView(s.FrameMsc, nullptr), {120, 2460, 5760, 840}), back);
+  DeskContext::fillBack(view->at(new FrameView(s.FrameMsc, nullptr), {120, 2460, 5760, 840}), back);
   caption(*s.captions[4], {240, 2820, 1800, 285});
   view->at(new TextBoxView(s.txtMscDevice, nullptr), {2160, 2790, 900, 330});
 
