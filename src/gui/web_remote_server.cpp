@@ -130,7 +130,6 @@ bool WebRemoteServer::listen(const std::string& address, quint16 port, std::stri
   address_ = a;
   if (webAddressNeedsPin(a))
     remote_.lock(RemotePin::fromRandom(QRandomGenerator::system()->generate()));
-  poll_.start();
   return true;
 }
 
@@ -172,6 +171,9 @@ void WebRemoteServer::accept() {
             [this, raw](const QString& m) { receive(*raw, m); });
     connect(raw->socket.get(), &QWebSocket::disconnected, this, [this, raw] { forget(raw); });
     clients_.push_back(std::move(client));
+    // The state is watched only while someone is there to see it: a port
+    // nobody uses costs the console no wake-ups.
+    if (!poll_.isActive()) poll_.start();
     send(*raw, remote_.greeting(raw->remote, nowMs()));
     if (raw->remote.admitted) send(*raw, raw->sent = remote_.stateText());
   }
@@ -233,6 +235,7 @@ void WebRemoteServer::forget(Client* client) {
     socket->disconnect(this);
     socket->deleteLater();
     clients_.erase(it);
+    if (clients_.empty()) poll_.stop();
     return;
   }
 }

@@ -62,6 +62,8 @@ class WebRemoteServer : public QObject {
   // loopback a PIN is made at once. False with a reason when it can't listen.
   bool listen(const std::string& address, quint16 port, std::string& error);
   quint16 port() const { return port_; }
+  // Whether the state is being watched for clients (only while there are any).
+  bool watching() const { return poll_.isActive(); }
   const RemotePin& pin() const { return remote_.pin(); }
   // What the desk tells the operator: where the page is, and the PIN.
   QString notice() const;

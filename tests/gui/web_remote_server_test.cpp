@@ -73,6 +73,27 @@ TEST_F(WebRemoteServerTest, ServesThePageAndPushesTheStateWithinAPoll) {
   EXPECT_EQ(form1().SMaster.position(), 204);
 }
 
+// The state is looked at every poll only while a page is connected.
+TEST_F(WebRemoteServerTest, APortNobodyUsesWatchesNothing) {
+  start("127.0.0.1");
+  EXPECT_FALSE(server->watching()) << "listening alone wakes the console for nobody";
+  QStringList got;
+  auto first = page(got);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return server->watching(); }, 2000));
+  QStringList other;
+  auto second = page(other);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !other.isEmpty(); }, 2000));
+  first->close();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return server->clients() == 1; }, 2000));
+  EXPECT_TRUE(server->watching()) << "one page is still there";
+  const QString before = other.last();
+  form1().SMaster.setPosition(100);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return other.last() != before; }, 2000))
+      << "the page left gets the change";
+  second->close();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !server->watching(); }, 2000));
+}
+
 TEST_F(WebRemoteServerTest, BeyondLoopbackNothingIsDoneBeforeThePin) {
   start("127.0.0.2");
   ASSERT_TRUE(server->pin().needed());

@@ -29,12 +29,32 @@ WireThread::~WireThread() {
 void WireThread::handOver(const uint8_t* frame, int intervalMs) {
   slot_.put(frame);
   intervalNs_.store(msToNs(intervalMs), std::memory_order_relaxed);
-  lastTickNs_.store(nanos(Clock::now()), std::memory_order_release);
+  const Clock::time_point tick = Clock::now();
+  lastTickNs_.store(nanos(tick), std::memory_order_release);
   handOvers_.fetch_add(1, std::memory_order_release);
-  // Passing through the lock keeps the wake-up from slipping in between the
+  // Looking under the lock keeps the wake-up from slipping in between the
   // wire thread's look at the count and its wait.
-  { std::lock_guard<std::mutex> lock(mutex_); }
-  wake_.notify_all();
+  bool wake = false;
+  {
+    std::lock_guard<std::mutex> lock(mutex_);
+    wake = wakes(tick);
+  }
+  if (wake) wake_.notify_all();
+}
+
+bool WireThread::wakes(Clock::time_point tick) const {
+  switch (waiting_) {
+    case Wait::HandOver:
+      return true;
+    case Wait::Slot:
+      // The same test as waitForSlot's: only a stray tick brings the slot forward.
+      return style_.meetsStrayTicks &&
+             slotDeadline_ > tick + style_.leadAfterTick + style_.graceForLateTick;
+    case Wait::None:
+      break;
+  }
+  // Not waiting: the line looks at the count before it waits again.
+  return false;
 }
 
 std::optional<int64_t> WireThread::phaseError(Clock::time_point deadline,
@@ -61,7 +81,10 @@ bool WireThread::waitForSlot(std::unique_lock<std::mutex>& lock, Clock::time_poi
         deadline = tick + style_.leadAfterTick;
     }
     if (Clock::now() >= deadline) return true;
+    waiting_ = Wait::Slot;
+    slotDeadline_ = deadline;
     wake_.wait_until(lock, deadline);
+    waiting_ = Wait::None;
   }
   return false;
 }
@@ -77,9 +100,16 @@ void WireThread::run(std::function<void()> prepare) {
   bool resting = false;  // a resting line waits for a frame or its keep-alive
   auto handedOver = [&] { return stop_ || handOvers_.load(std::memory_order_acquire) != seen; };
   std::unique_lock<std::mutex> lock(mutex_);
+  // Waits for a hand-over until the time; true when one came (or the line stops).
+  auto awaitHandOver = [&](Clock::time_point until) {
+    waiting_ = Wait::HandOver;
+    const bool came = wake_.wait_until(lock, until, handedOver);
+    waiting_ = Wait::None;
+    return came;
+  };
   while (!stop_) {
     if (resting) {
-      if (wake_.wait_until(lock, lastSent + style_.keepAlive, handedOver) && stop_) break;
+      if (awaitHandOver(lastSent + style_.keepAlive) && stop_) break;
       // The first frame after a rest goes at once: there is no pace to keep.
       deadline = Clock::now();
     } else {
@@ -87,7 +117,7 @@ void WireThread::run(std::function<void()> prepare) {
       // This period's tick not here yet, but one is expected: it is only a
       // little late, and the frame waits for it.
       if ((locked || style_.rests) && !handedOver()) {
-        if (wake_.wait_until(lock, deadline + style_.graceForLateTick, handedOver) && stop_) break;
+        if (awaitHandOver(deadline + style_.graceForLateTick) && stop_) break;
       }
       if (style_.rests && !handedOver()) {
         resting = true;

@@ -92,6 +92,15 @@ class WireThread {
   // How far a frame at deadline lies from its aim just after the last tick;
   // nothing while the console is too busy to tick.
   std::optional<int64_t> phaseError(Clock::time_point deadline, Clock::duration interval) const;
+  // Whether a hand-over at tick changes what the waiting line does (under mutex_).
+  bool wakes(Clock::time_point tick) const;
+
+  // What the line is waiting for, so that a hand-over wakes it only when
+  // the wait would end or its deadline would move: at every tick the line
+  // is usually waiting for a slot the tick leaves where it is.
+  enum class Wait { None, Slot, HandOver };
+  Wait waiting_ = Wait::None;
+  Clock::time_point slotDeadline_;
 
   Send send_;
   const WireStyle style_;

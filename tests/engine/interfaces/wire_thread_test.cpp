@@ -127,6 +127,31 @@ TEST(WireLine, ARestingLineSendsWhatIsHandedOverAndOtherwiseOnlyKeepsAlive) {
   EXPECT_LT(sent[before].second - handed, 50ms) << "a frame after a rest goes at once";
 }
 
+// A line for a receiver that holds the last frame keeps its own pace, but a
+// tick far off that pace is met just after it, not at the line's next slot.
+TEST(WireLine, ALineForHeldFramesMeetsAStrayTickJustAfterIt) {
+  using Clock = std::chrono::steady_clock;
+  std::mutex m;
+  std::vector<std::pair<uint8_t, Clock::time_point>> sent;
+  const auto start = Clock::now();
+  WireThread wire(
+      [&](const uint8_t* f) {
+        std::lock_guard<std::mutex> lock(m);
+        sent.emplace_back(f[0], Clock::now());
+        return 0;
+      },
+      200, {}, WireStyle::heldFrames(false));
+  std::this_thread::sleep_for(40ms);  // the line's first slot is 200 ms after its start
+  const auto handed = Clock::now();
+  wire.handOver(frameOf(7).data(), 200);
+  for (int i = 0; i < 150 && wire.framesSent() == 0; ++i) std::this_thread::sleep_for(1ms);
+  std::lock_guard<std::mutex> lock(m);
+  ASSERT_FALSE(sent.empty());
+  EXPECT_EQ(sent[0].first, 7);
+  EXPECT_LT(sent[0].second - handed, 60ms) << "met a lead after the tick";
+  EXPECT_LT(sent[0].second - start, 150ms) << "not left for the line's own slot";
+}
+
 TEST(WireFailures, AWriteFailingOnTheWireThreadStopsTheLineUntilTheChipIsBack) {
   auto chip = std::make_unique<FakeFtdi>();
   FakeFtdi* fake = chip.get();
