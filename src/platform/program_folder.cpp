@@ -22,8 +22,10 @@ std::string userConfigFolder() {
   return (base / "quintara").string();
 }
 
-std::string programFolder() {
-  const fs::path exe = executableDir();
+std::string programFolder() { return programFolderBeside(executableDir()); }
+
+std::string programFolderBeside(const std::string& exeDir) {
+  const fs::path exe = exeDir;
   std::error_code ec;
   // A folder that merely happens to be writable (a build tree, a home
   // folder's bin) is no reason to scatter settings beside the program.

@@ -15,6 +15,8 @@ std::string executableDir();
 // The program's folder by the rule above, created if missing. The
 // environment is read afresh at every call.
 std::string programFolder();
+// The same rule for a program in exeDir.
+std::string programFolderBeside(const std::string& exeDir);
 // $XDG_CONFIG_HOME/quintara, or ~/.config/quintara.
 std::string userConfigFolder();
 // Where the shipped skins and the demo show are: <prefix>/share/quintara.

@@ -23,17 +23,19 @@ class ProgramFolder : public ::testing::Test {
  protected:
   void SetUp() override {
     root_ = fs::temp_directory_path() / ("quintara-folder-" + std::to_string(::getpid()));
-    fs::create_directories(root_);
+    fs::create_directories(exeDir());
     keep("XDG_CONFIG_HOME", xdg_);
     keep("HOME", home_);
   }
   void TearDown() override {
-    fs::remove(marker());
     restore("XDG_CONFIG_HOME", xdg_);
     restore("HOME", home_);
     fs::remove_all(root_);
   }
-  static fs::path marker() { return fs::path(executableDir()) / kPortableMarker; }
+  // A program folder of the test's own, so that tests running side by side
+  // never see each other's marker.
+  fs::path exeDir() const { return root_ / "bin"; }
+  fs::path marker() const { return exeDir() / kPortableMarker; }
   static void keep(const char* name, std::optional<std::string>& into) {
     if (const char* v = std::getenv(name)) into = v;
   }
@@ -68,10 +70,10 @@ TEST_F(ProgramFolder, WithoutXdgConfigHomeTheFolderIsUnderHome) {
 TEST_F(ProgramFolder, APortableMarkerKeepsEverythingBesideTheProgram) {
   ::setenv("XDG_CONFIG_HOME", (root_ / "config").c_str(), 1);
   std::ofstream(marker()) << "";
-  EXPECT_EQ(programFolder(), executableDir());
+  EXPECT_EQ(fs::path(programFolderBeside(exeDir())), exeDir());
   EXPECT_FALSE(fs::exists(root_ / "config" / "quintara"));
   fs::remove(marker());
-  EXPECT_EQ(fs::path(programFolder()), root_ / "config" / "quintara");
+  EXPECT_EQ(fs::path(programFolderBeside(exeDir())), root_ / "config" / "quintara");
 }
 
 }  // namespace
